@@ -1,0 +1,40 @@
+# What `cmake --install` puts where: the library, its headers, and the two ways to find them (a CMake package and a
+# pkg-config file), in the components runtime, dev and demo.
+option(GFX_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
+if(NOT GFX_INSTALL)
+    return()
+endif()
+
+# Headers of different major versions can lie side by side, as the libraries can.
+set(apiName "gfx-${PROJECT_VERSION_MAJOR}")
+set(includeDir "${CMAKE_INSTALL_INCLUDEDIR}/${apiName}")
+set(packageDir "${CMAKE_INSTALL_LIBDIR}/cmake/Gfx")
+set(pkgConfigDir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+
+install(TARGETS Gfx EXPORT GfxTargets
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT dev
+    FILE_SET core DESTINATION "${includeDir}" COMPONENT dev
+    FILE_SET toolkit DESTINATION "${includeDir}" COMPONENT dev)
+install(EXPORT GfxTargets NAMESPACE Gfx:: DESTINATION "${packageDir}" COMPONENT dev)
+
+include(CMakePackageConfigHelpers)
+configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/GfxConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/GfxConfig.cmake" INSTALL_DESTINATION "${packageDir}")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/GfxConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+install(FILES "${PROJECT_BINARY_DIR}/GfxConfig.cmake" "${PROJECT_BINARY_DIR}/GfxConfigVersion.cmake"
+    DESTINATION "${packageDir}" COMPONENT dev)
+
+# The prefix is told relative to the file itself, so that an installed tree can be moved.
+set(prefixFromPkgConfig "${pkgConfigDir}")
+cmake_path(ABSOLUTE_PATH prefixFromPkgConfig BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}")
+set(prefix "${CMAKE_INSTALL_PREFIX}")
+cmake_path(RELATIVE_PATH prefix BASE_DIRECTORY "${prefixFromPkgConfig}" OUTPUT_VARIABLE prefixFromPkgConfig)
+configure_file("${PROJECT_SOURCE_DIR}/cmake/gfx.pc.in" "${PROJECT_BINARY_DIR}/${apiName}.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/${apiName}.pc" DESTINATION "${pkgConfigDir}" COMPONENT dev)
+
+if(TARGET gfx-demo)
+    set(libraryFromDemo "${CMAKE_INSTALL_LIBDIR}")
+    cmake_path(RELATIVE_PATH libraryFromDemo BASE_DIRECTORY "${CMAKE_INSTALL_BINDIR}")
+    set_target_properties(gfx-demo PROPERTIES INSTALL_RPATH "$ORIGIN/${libraryFromDemo}")
+    install(TARGETS gfx-demo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT demo)
+endif()

@@ -1,0 +1,15 @@
+# What every target of this project is compiled with. Applied target by target, so that a project that adds
+# this one as a subdirectory keeps its own settings.
+function(gfx_target_defaults a_target)
+    target_compile_features(${a_target} PUBLIC cxx_std_20)
+    set_target_properties(${a_target} PROPERTIES CXX_EXTENSIONS OFF)
+    target_compile_options(${a_target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    if(GFX_WERROR)
+        target_compile_options(${a_target} PRIVATE -Werror)
+    endif()
+    if(GFX_SANITISE)
+        target_compile_options(${a_target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer)
+        target_link_options(${a_target} PRIVATE -fsanitize=address,undefined)
+    endif()
+endfunction()

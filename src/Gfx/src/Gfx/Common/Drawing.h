@@ -1,0 +1,21 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Gfx/Common/AABB.h"
+#include "Gfx/Common/Colour.h"
+#include "Gfx/Common/TexturedQuad.h"
+
+#include <vector>
+
+namespace Gfx::Utilities
+{
+
+/// Draws all quads of one texture in a single call, an empty list included. To be called while a widget paints: the
+/// positions are relative to its corner. The texture is a Cogl handle and stays the caller's.
+GFX_API void DrawTexturedQuads(const std::vector<STexturedQuad>& a_quads, void* a_texture);
+
+/// Fills a rectangle, given in the widget's own coordinates, with a_colour times the current colour: so it is as
+/// transparent as the widget is. To be called while a widget paints.
+GFX_API void FillRectangle(const Common::CAABB& a_rectangle, const CColour& a_colour);
+
+} // namespace Gfx::Utilities

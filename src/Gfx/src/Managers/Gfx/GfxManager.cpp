@@ -1,0 +1,57 @@
+#include "Managers/Gfx/GfxManager.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+template class Core::Patterns::StaticSingleton<Gfx::Managers::CGfxManager>;
+
+namespace Gfx::Managers
+{
+
+namespace
+{
+
+bool Has(const std::list<CGfxManager::IdleHandler*>& a_handlers, const CGfxManager::IdleHandler* a_handler)
+{
+    return std::find(a_handlers.begin(), a_handlers.end(), a_handler) != a_handlers.end();
+}
+
+} // namespace
+
+void CGfxManager::Destroy() {}
+
+void CGfxManager::Idle()
+{
+    // The list only grows while handlers run: what they remove is noted and goes afterwards.
+    for (IdleHandler* handler : m_idleHandlers)
+    {
+        if (handler != nullptr)
+        {
+            handler->Execute();
+        }
+    }
+    for (IdleHandler* removed : std::exchange(m_handlersToRemove, {}))
+    {
+        m_idleHandlers.remove(removed);
+        delete removed;
+    }
+}
+
+void CGfxManager::AddIdleHandler(IdleHandler* a_handler)
+{
+    if (!Has(m_idleHandlers, a_handler))
+    {
+        m_idleHandlers.push_back(a_handler);
+    }
+}
+
+void CGfxManager::RemoveIdleHandler(IdleHandler* a_handler)
+{
+    if (!Has(m_handlersToRemove, a_handler))
+    {
+        m_handlersToRemove.push_back(a_handler);
+    }
+}
+
+} // namespace Gfx::Managers

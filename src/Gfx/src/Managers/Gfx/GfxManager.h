@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Core/Functor.h"
+#include "Core/StaticSingleton.h"
+#include "Gfx/Common/Colour.h"
+#include "Gfx/Common/MouseEvent.h"
+#include "Gfx/Common/Point.h"
+
+#include <list>
+#include <string>
+
+typedef struct _ClutterActor ClutterActor;
+
+namespace Gfx::Managers
+{
+
+/// The application's frame: brings up the scene graph and the other managers, runs the main loop with its timers, and
+/// takes pictures of the stage. Everything runs on the thread that calls StartMainLoop.
+class GFX_API CGfxManager
+{
+public:
+    using IdleHandler = Core::Functor<void>::Signature;
+
+    /// Brings up the stage and the managers, once, before any widget is made.
+    ///
+    /// a_basePath is the data directory, with a separator at its end; a_width and a_height are the stage's size in
+    /// pixels; a_position is kept and not applied. False if there is no display, or no OpenGL to draw on it with.
+    /// Data files that are missing or malformed are logged by their managers, and are no failure.
+    [[nodiscard]] bool Setup(const std::string& a_basePath, const std::string& a_title,
+                             const Common::CPoint& a_position, int a_width, int a_height, int a_argc, char** a_argv,
+                             const CColour& a_background);
+
+    /// Shows the stage and runs the main loop, until something calls clutter_main_quit.
+    void StartMainLoop();
+
+    /// Does nothing: the library stops when the process does.
+    void Destroy();
+
+    /// One round of the idle handlers, in the order of their registration, those that a handler adds included.
+    void Idle();
+
+    /// Registers a handler, unless it is registered. It must live until it is removed.
+    void AddIdleHandler(IdleHandler* a_handler);
+
+    /// Gives a_handler up, registered or not: it is called no more after the round that is running, and deleted at
+    /// the end of that round or of the next. A handler may remove itself.
+    void RemoveIdleHandler(IdleHandler* a_handler);
+
+    /// Gives an event to the widgets as if a device had sent it; a_x and a_y are in stage coordinates, a_remote marks
+    /// it as not coming from the console itself.
+    void InjectMouseEvent(Events::EMouseEvent a_event, int a_x, int a_y, bool a_remote);
+
+    /// The pixels of the whole stage, painted anew: four bytes each, in the format that the driver prefers, rows from
+    /// the bottom up. The caller owns the block, from new[].
+    [[nodiscard]] unsigned char* RawScreenShot(int& a_width, int& a_height);
+
+    /// The stage as a PNG file; empty on failure. Made for drivers that report BGRA: on one that reports RGBA, red and
+    /// blue are exchanged. TrueScreenShot gives the same picture in the same colours on all drivers.
+    [[nodiscard]] std::string ScreenShot();
+
+    /// The stage as a PNG file in its true colours; empty on failure.
+    [[nodiscard]] std::string TrueScreenShot();
+
+    [[nodiscard]] int DisplayWidth() const { return m_displayWidth; }
+    [[nodiscard]] int DisplayHeight() const { return m_displayHeight; }
+
+    /// Null before Setup has it.
+    [[nodiscard]] ClutterActor* GetStage() { return m_stage; }
+
+    /// Whether localised texts bear marks for debugging: /Gfx/General/DebugLocaleLabels.
+    [[nodiscard]] bool DebugLocaleLabels() const { return m_debugLocaleLabels; }
+
+private:
+    std::list<IdleHandler*> m_idleHandlers;
+    std::list<IdleHandler*> m_handlersToRemove;
+    int m_cleanupInterval = 0;
+    int m_inputIdleInterval = 0;
+    int m_widgetIdleInterval = 0;
+    Common::CPoint m_position;
+    int m_displayWidth = 0;
+    int m_displayHeight = 0;
+    std::string m_title;
+    ClutterActor* m_stage = nullptr;
+    bool m_hasReadFormat = false;
+    bool m_debugLocaleLabels = false;
+};
+
+} // namespace Gfx::Managers
+
+extern template class GFX_API Core::Patterns::StaticSingleton<Gfx::Managers::CGfxManager>;

@@ -1,0 +1,736 @@
+#include "Widgets/Widget.h"
+
+#include "Core/Assert.h"
+#include "Core/Logging/Logger.h"
+#include "Core/StaticSingleton.h"
+#include "Managers/Gfx/GfxManager.h"
+#include "Managers/Widgets/WidgetManager.h"
+#include "Platform/Clutter/Clutter.h"
+#include "Platform/Clutter/PaintedGroup.h"
+#include "Widgets/EnhancedGroup.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <utility>
+
+namespace Gfx::Widgets
+{
+
+namespace
+{
+
+constexpr CColour k_opaque{255, 255, 255, 255};
+constexpr CColour k_dragged{255, 255, 255, 128};
+
+using LogLevel = Core::Logging::ELogEventLevel;
+
+Managers::CWidgetManager& WidgetManager()
+{
+    return Core::Patterns::StaticSingleton<Managers::CWidgetManager>::ref();
+}
+
+std::string TextFromBool(bool a_value)
+{
+    return a_value ? "True" : "False";
+}
+
+/// The leading decimal number of a text, cut to the limits of int; 0 where there is none. *a_end is left behind it, or
+/// at the start of the text.
+int LeadingNumber(const char* a_text, const char** a_end)
+{
+    char* end = nullptr;
+    const long number = std::strtol(a_text, &end, 10);
+    *a_end = end;
+    return Common::detail::Saturated(number);
+}
+
+/// A text of the form "x,y"; what can't be read is 0.
+Common::CPoint PointFromString(const std::string& a_text)
+{
+    const char* rest = nullptr;
+    const int x = LeadingNumber(a_text.c_str(), &rest);
+    if (rest == a_text.c_str() || *rest != ',')
+    {
+        return {x, 0};
+    }
+    return {x, LeadingNumber(rest + 1, &rest)};
+}
+
+void DrawWidget(void* a_widget)
+{
+    static_cast<const CWidget*>(a_widget)->Draw();
+}
+
+/// Whether a handler that may refuse, if there is one, agrees.
+template <typename HandlerT, typename... ArgumentTs>
+bool Agrees(HandlerT* a_handler, ArgumentTs&&... a_arguments)
+{
+    return a_handler == nullptr || a_handler->Execute(std::forward<ArgumentTs>(a_arguments)...);
+}
+
+} // namespace
+
+CWidget::CWidget(const std::string& a_name, const std::string& a_type, int a_x, int a_y, int a_width, int a_height,
+                 bool a_scissor)
+    : m_scissor(a_scissor), m_topLeft(a_x, a_y), m_width(a_width), m_height(a_height), m_name(a_name), m_type(a_type)
+{
+    CWidget::SetTransparency(100, false);
+}
+
+CWidget::CWidget() : CWidget("", "", 0, 0, 0, 0, false) {}
+
+void CWidget::InitialiseClutterGroup()
+{
+    ClutterActor* actor = m_scissor ? enhanced_group_new() : painted_group_new();
+    if (actor == nullptr)
+    {
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
+            LogLevel{3}, "CWidget", "Failed to create group: %s", m_name.c_str());
+        std::exit(1);
+    }
+    if (m_actor != nullptr)
+    {
+        painted_group_set_painter(PAINTED_GROUP(m_actor), nullptr, nullptr);
+        g_object_unref(m_actor);
+    }
+    // The group's container holds it too; this reference keeps it valid for as long as the widget calls it.
+    m_actor = CLUTTER_ACTOR(g_object_ref_sink(actor));
+    clutter_actor_set_position(m_actor, static_cast<float>(m_topLeft.X()), static_cast<float>(m_topLeft.Y()));
+    clutter_actor_set_size(m_actor, static_cast<float>(m_width), static_cast<float>(m_height));
+    if (m_scissor)
+    {
+        const Common::CPoint absolute = AbsoluteTopLeft();
+        const std::int64_t displayHeight =
+            Core::Patterns::StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
+        enhanced_group_set_scissor(CLUTTER_ENHANCEDGROUP(m_actor), absolute.X(),
+                                   Common::detail::Saturated(displayHeight - m_height - absolute.Y()), m_width,
+                                   m_height);
+    }
+    painted_group_set_painter(PAINTED_GROUP(m_actor), DrawWidget, this);
+    if (m_visibilityChangedHandler != nullptr)
+    {
+        m_visibilityChangedHandler->Execute(this, true);
+    }
+}
+
+CWidget::~CWidget()
+{
+    for (const WidgetPtr& child : m_children.Widgets())
+    {
+        Orphan(*child);
+    }
+    m_children.Clear();
+    if (m_actor != nullptr)
+    {
+        painted_group_set_painter(PAINTED_GROUP(m_actor), nullptr, nullptr);
+        g_object_unref(m_actor);
+    }
+}
+
+ClutterActor* CWidget::GetActor()
+{
+    return m_actor;
+}
+
+Common::CAABB CWidget::AABB() const
+{
+    const Common::CPoint absolute = AbsoluteTopLeft();
+    return {absolute.X(), absolute.Y(), m_width, m_height};
+}
+
+void CWidget::Hide()
+{
+    if (!m_visible)
+    {
+        return;
+    }
+    if (ClutterActor* actor = GetActor())
+    {
+        clutter_actor_hide(actor);
+    }
+    if (!Agrees(m_visibilityChangedHandler, this, false))
+    {
+        return;
+    }
+    m_visible = false;
+    if (m_parent != nullptr)
+    {
+        m_parent->ChildVisibilityChanged();
+    }
+}
+
+void CWidget::Show()
+{
+    if (m_visible)
+    {
+        return;
+    }
+    if (ClutterActor* actor = GetActor())
+    {
+        clutter_actor_show(actor);
+    }
+    if (!Agrees(m_visibilityChangedHandler, this, true))
+    {
+        return;
+    }
+    m_visible = true;
+    if (m_parent != nullptr)
+    {
+        m_parent->ChildVisibilityChanged();
+    }
+}
+
+void CWidget::ChildVisibilityChanged() {}
+
+void CWidget::Modal(bool a_modal)
+{
+    m_modal = a_modal;
+}
+
+bool CWidget::Modal() const
+{
+    return m_modal;
+}
+
+void CWidget::Select()
+{
+    SetSelected(true);
+    if (m_parent != nullptr)
+    {
+        m_parent->Select();
+    }
+}
+
+void CWidget::Deselect()
+{
+    SetSelected(false);
+    if (m_parent != nullptr)
+    {
+        m_parent->Deselect();
+    }
+}
+
+void CWidget::SetSelected(bool a_selected)
+{
+    m_selected = a_selected;
+    if (m_selectedChangedHandler != nullptr)
+    {
+        m_selectedChangedHandler->Execute(this, a_selected);
+    }
+}
+
+void CWidget::Invalidate(bool a_recursive)
+{
+    QueueRedraw();
+    if (a_recursive)
+    {
+        detail::CWidgetList::CDownwards children(m_children);
+        while (const WidgetPtr child = children.Next())
+        {
+            child->Invalidate(true);
+        }
+    }
+}
+
+void CWidget::QueueRedraw()
+{
+    if (ClutterActor* actor = GetActor())
+    {
+        clutter_actor_queue_redraw(actor);
+    }
+}
+
+void CWidget::DrawSelf() const {}
+
+void CWidget::Idle()
+{
+    detail::CWidgetList::CDownwards children(m_children);
+    while (const WidgetPtr child = children.Next())
+    {
+        if (child->Visible())
+        {
+            child->Idle();
+        }
+    }
+}
+
+void CWidget::NotifyPositionChanged()
+{
+    detail::CWidgetList::CDownwards children(m_children);
+    while (const WidgetPtr child = children.Next())
+    {
+        child->NotifyPositionChanged();
+    }
+}
+
+void CWidget::Move(const Common::CPoint& a_topLeft)
+{
+    // The handler may change what the argument refers to.
+    const Common::CPoint topLeft = a_topLeft;
+    if (!Agrees(m_moveHandler, this, topLeft))
+    {
+        return;
+    }
+    m_topLeft = topLeft;
+    if (ClutterActor* actor = GetActor())
+    {
+        clutter_actor_set_position(actor, static_cast<float>(topLeft.X()), static_cast<float>(topLeft.Y()));
+    }
+    Invalidate(false);
+}
+
+void CWidget::Resize(int a_width, int a_height)
+{
+    if (!Agrees(m_resizeHandler, this, a_width, a_height))
+    {
+        return;
+    }
+    m_width = a_width;
+    m_height = a_height;
+    if (ClutterActor* actor = GetActor())
+    {
+        clutter_actor_set_size(actor, static_cast<float>(a_width), static_cast<float>(a_height));
+    }
+    Invalidate(false);
+}
+
+bool CWidget::CanBeChild()
+{
+    return true;
+}
+
+void CWidget::AddChild(WidgetPtr a_child)
+{
+    if (!a_child || a_child.Get() == this || a_child->HasChild(this))
+    {
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
+            LogLevel{3}, "CWidget", "Can't add %s to %s", a_child ? a_child->GetName() : "a null widget", GetName());
+        return;
+    }
+    const WidgetPtr& childPtr = a_child;
+    GFX_ASSERT(childPtr->CanBeChild());
+    m_children.AddToFront(childPtr);
+    Adopt(childPtr);
+    childPtr->m_parent = this;
+    childPtr->Invalidate(false);
+    childPtr->NotifyPositionChanged();
+}
+
+void CWidget::Adopt(const WidgetPtr& a_child)
+{
+    if (GetActor() == nullptr)
+    {
+        InitialiseClutterGroup();
+    }
+    if (a_child->GetActor() == nullptr)
+    {
+        a_child->InitialiseClutterGroup();
+    }
+    ClutterActor* const actor = a_child->GetActor();
+    WidgetManager().TakeFromDeadActors(a_child.Get());
+    if (ClutterActor* const oldContainer = clutter_actor_get_parent(actor))
+    {
+        // Without this reference the actor would die on its way.
+        g_object_ref(actor);
+        clutter_container_remove_actor(CLUTTER_CONTAINER(oldContainer), actor);
+        if (CWidget* const oldParent = a_child->Parent())
+        {
+            oldParent->RemoveChild(a_child);
+        }
+        else
+        {
+            WidgetManager().TakeFromTopLevel(a_child.Get());
+        }
+        clutter_container_add_actor(CLUTTER_CONTAINER(GetActor()), actor);
+        g_object_unref(actor);
+        // The scene graph shows a hidden actor that changes its container.
+        if (!a_child->Visible())
+        {
+            clutter_actor_hide(actor);
+        }
+    }
+    else
+    {
+        clutter_container_add_actor(CLUTTER_CONTAINER(GetActor()), actor);
+    }
+    a_child->Revive();
+}
+
+void CWidget::Revive()
+{
+    if (m_destroyed)
+    {
+        m_destroyed = false;
+        if (m_visible)
+        {
+            clutter_actor_show(GetActor());
+        }
+    }
+}
+
+void CWidget::AddChildren(std::list<WidgetPtr> a_children)
+{
+    for (const WidgetPtr& child : a_children)
+    {
+        AddChild(child);
+    }
+}
+
+void CWidget::Orphan(CWidget& a_child)
+{
+    // The pointer must not outlive the parent.
+    if (a_child.m_parent == this)
+    {
+        a_child.m_parent = nullptr;
+    }
+}
+
+void CWidget::RemoveChild(WidgetPtr a_child)
+{
+    if (const WidgetPtr removed = m_children.Remove(a_child.Get()))
+    {
+        Orphan(*removed);
+    }
+}
+
+void CWidget::DestroyChild(WidgetPtr a_child)
+{
+    DestroyFoundChild(m_children.Find(a_child.Get()));
+}
+
+void CWidget::DestroyChild(CWidget* a_child)
+{
+    DestroyFoundChild(m_children.Find(a_child));
+}
+
+void CWidget::DestroyFoundChild(const WidgetPtr& a_child)
+{
+    if (a_child)
+    {
+        WidgetManager().DestroyWidget(a_child.Get());
+        if (m_children.Remove(a_child.Get()))
+        {
+            Orphan(*a_child);
+        }
+    }
+}
+
+void CWidget::RemoveAllChildren()
+{
+    for (const WidgetPtr& child : m_children.Widgets())
+    {
+        Orphan(*child);
+    }
+    m_children.Clear();
+}
+
+Common::CPoint CWidget::AbsoluteTopLeft() const
+{
+    return m_parent != nullptr ? m_topLeft + m_parent->AbsoluteTopLeft() : m_topLeft;
+}
+
+bool CWidget::Draggable() const
+{
+    return false;
+}
+
+bool CWidget::StartDragging(const Common::CPoint&)
+{
+    return false;
+}
+
+void CWidget::UpdateDragging(const Common::CPoint&) {}
+
+void CWidget::EndDragging() {}
+
+bool CWidget::IsDragging() const
+{
+    return m_parent != nullptr && m_parent->IsDragging();
+}
+
+bool CWidget::TransparentOnDrag() const
+{
+    return false;
+}
+
+void CWidget::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote)
+{
+    if (a_remote && m_remoteLockout)
+    {
+        return;
+    }
+    if (m_mouseHandler != nullptr)
+    {
+        m_mouseHandler->Execute(this, a_event, a_buttons, a_point, a_remote);
+    }
+    if (a_event == Events::NonClientHit && m_nonClientHitHandler != nullptr)
+    {
+        m_nonClientHitHandler->Execute(this);
+    }
+    if (a_event == Events::FirstClick && m_clickHandler != nullptr)
+    {
+        m_clickHandler->Execute(this, a_buttons, a_point, a_remote);
+    }
+    ChildReceivedMouseEvent();
+}
+
+void CWidget::ChildReceivedMouseEvent()
+{
+    if (m_parent != nullptr)
+    {
+        m_parent->ChildReceivedMouseEvent();
+    }
+}
+
+void CWidget::KeyboardEvent(unsigned int) {}
+
+void CWidget::SetProperty(const std::string& a_name, const std::string& a_value)
+{
+    if (a_name == "Visible")
+    {
+        SetShowHide(a_value == "True");
+    }
+    else if (a_name == "Opacity")
+    {
+        const char* rest = nullptr;
+        SetTransparency(LeadingNumber(a_value.c_str(), &rest), false);
+    }
+    else if (a_name == "Position")
+    {
+        Move(PointFromString(a_value));
+    }
+    else
+    {
+        m_properties[a_name] = a_value;
+    }
+}
+
+std::string CWidget::GetProperty(const std::string& a_name, const std::string& a_default)
+{
+    if (a_name == "Visible")
+    {
+        return TextFromBool(m_visible);
+    }
+    if (a_name == "Opacity")
+    {
+        return std::to_string(m_opacity);
+    }
+    if (a_name == "RemoteLockout")
+    {
+        return TextFromBool(m_remoteLockout);
+    }
+    const auto property = m_properties.find(a_name);
+    return property != m_properties.end() ? property->second : a_default;
+}
+
+void CWidget::SetTransparency(int a_opacity, bool a_recursive)
+{
+    m_transparencyEnabled = true;
+    m_opacity = a_opacity;
+    if (m_opacity > 99)
+    {
+        m_opacity = 100;
+        m_transparencyEnabled = false;
+    }
+    else if (m_opacity < 0)
+    {
+        m_opacity = 0;
+    }
+    m_transparencyColour = k_opaque.Opacity(static_cast<float>(m_opacity) / 100.0F);
+    QueueRedraw();
+    if (a_recursive)
+    {
+        detail::CWidgetList::CUpwards children(m_children);
+        while (const WidgetPtr child = children.Next())
+        {
+            child->SetTransparency(a_opacity, true);
+        }
+    }
+}
+
+int CWidget::GetTransparency() const
+{
+    return m_opacity;
+}
+
+void CWidget::EnableTransparency()
+{
+    m_transparencyEnabled = true;
+    QueueRedraw();
+}
+
+void CWidget::DisableTransparency()
+{
+    m_transparencyEnabled = false;
+    QueueRedraw();
+}
+
+void CWidget::UpdateLocalisedText()
+{
+    detail::CWidgetList::CUpwards children(m_children);
+    while (const WidgetPtr child = children.Next())
+    {
+        child->UpdateLocalisedText();
+    }
+}
+
+void CWidget::UpdateStyle()
+{
+    detail::CWidgetList::CUpwards children(m_children);
+    while (const WidgetPtr child = children.Next())
+    {
+        child->UpdateStyle();
+    }
+}
+
+void CWidget::UpdateCustomInfo() {}
+
+void CWidget::SetShowHide(bool a_show)
+{
+    if (a_show)
+    {
+        Show();
+    }
+    else
+    {
+        Hide();
+    }
+}
+
+void CWidget::Enable()
+{
+    SetEnabled(true);
+}
+
+void CWidget::Disable()
+{
+    SetEnabled(false);
+}
+
+void CWidget::SetEnabled(bool a_enabled)
+{
+    if (m_enabled == a_enabled || !Agrees(m_enabledChangedHandler, this, a_enabled))
+    {
+        return;
+    }
+    m_enabled = a_enabled;
+    Invalidate(false);
+}
+
+std::string CWidget::GetName(bool) const
+{
+    return m_parent != nullptr ? m_parent->GetName() + ":" + m_name : m_name;
+}
+
+Common::CPoint CWidget::FromAbsoluteToChildCoordinates(const Common::CPoint& a_point) const
+{
+    return a_point - AbsoluteTopLeft();
+}
+
+bool CWidget::AbsolutePointInWidget(const Common::CPoint& a_point) const
+{
+    return FromAbsoluteToChildCoordinates(a_point).InBoundingBox({0, 0}, m_width, m_height);
+}
+
+bool CWidget::Intersects(const WidgetPtr& a_other) const
+{
+    return a_other && AABB().Intersects(a_other->AABB());
+}
+
+int CWidget::IntersectionArea(const Common::CAABB& a_box) const
+{
+    return AABB().IntersectionArea(a_box);
+}
+
+bool CWidget::HasChild(const CWidget* a_widget) const
+{
+    for (const WidgetPtr& child : m_children.Widgets())
+    {
+        if (child.Get() == a_widget || child->HasChild(a_widget))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+void CWidget::BringToFront()
+{
+    if (m_parent != nullptr)
+    {
+        m_parent->BringChildToFront(this);
+    }
+    else
+    {
+        WidgetManager().BringToFront(this);
+    }
+}
+
+void CWidget::SendToBack()
+{
+    if (m_parent != nullptr)
+    {
+        m_parent->SendChildToBack(this);
+    }
+    else
+    {
+        WidgetManager().SendToBack(this);
+    }
+}
+
+void CWidget::BringChildToFront(CWidget* a_child)
+{
+    if (const WidgetPtr child = m_children.Find(a_child))
+    {
+        clutter_container_raise_child(CLUTTER_CONTAINER(GetActor()), child->GetActor(), nullptr);
+        m_children.MoveToFront(a_child);
+    }
+}
+
+void CWidget::SendChildToBack(CWidget* a_child)
+{
+    if (const WidgetPtr child = m_children.Find(a_child))
+    {
+        clutter_container_lower_child(CLUTTER_CONTAINER(GetActor()), child->GetActor(), nullptr);
+        m_children.MoveToBack(a_child);
+    }
+}
+
+void CWidget::Draw() const
+{
+    if (!WidgetManager().IsVisible(this))
+    {
+        return;
+    }
+    cogl_push_matrix();
+    CColour colour = k_opaque;
+    if (m_transparencyEnabled)
+    {
+        colour = m_transparencyColour;
+    }
+    else if ((m_parent != nullptr && m_parent->IsDragging()) || (IsDragging() && TransparentOnDrag()))
+    {
+        colour = k_dragged;
+    }
+    const ClutterColor current = colour.AsClutterColour();
+    cogl_color(&current);
+    DrawSelf();
+    cogl_pop_matrix();
+}
+
+const std::map<std::string, std::string>& CWidget::GetCustomInfo()
+{
+    for (const auto& [name, value] : m_properties)
+    {
+        m_customInfo[name] = value;
+    }
+    UpdateCustomInfo();
+    return m_customInfo;
+}
+
+void CWidget::SetCustomInfo(const std::string& a_name, const std::string& a_value)
+{
+    m_customInfo[a_name] = a_value;
+}
+
+} // namespace Gfx::Widgets

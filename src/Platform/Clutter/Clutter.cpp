@@ -1,0 +1,99 @@
+#include "Platform/Clutter/Clutter.h"
+
+#include <vector>
+
+namespace
+{
+
+constexpr int k_valuesPerQuad = 8;
+
+ClutterColor s_currentColour{255, 255, 255, 255};
+
+CoglUserDataKey s_pipelineKey;
+
+/// The texture's own pipeline, made at its first use; it lives as long as the texture.
+CoglPipeline* PipelineOf(CoglTexture* a_texture)
+{
+    if (auto* pipeline = static_cast<CoglPipeline*>(cogl_object_get_user_data(COGL_OBJECT(a_texture), &s_pipelineKey)))
+    {
+        return pipeline;
+    }
+    CoglContext* context = cogl_framebuffer_get_context(cogl_get_draw_framebuffer());
+    CoglPipeline* pipeline = cogl_pipeline_new(context);
+    cogl_pipeline_set_layer_texture(pipeline, 0, a_texture);
+    cogl_pipeline_set_layer_filters(pipeline, 0, COGL_PIPELINE_FILTER_LINEAR_MIPMAP_NEAREST,
+                                    COGL_PIPELINE_FILTER_LINEAR);
+    cogl_pipeline_set_layer_wrap_mode(pipeline, 0, COGL_PIPELINE_WRAP_MODE_CLAMP_TO_EDGE);
+    if (cogl_texture_get_components(a_texture) == COGL_TEXTURE_COMPONENTS_A)
+    {
+        // A texture of alpha alone is black to the default combine; it is to be a stencil for the current colour.
+        cogl_pipeline_set_layer_combine(pipeline, 0, "RGBA = MODULATE(PREVIOUS, TEXTURE[A])", nullptr);
+    }
+    cogl_object_set_user_data(COGL_OBJECT(a_texture), &s_pipelineKey, pipeline, cogl_object_unref);
+    return pipeline;
+}
+
+} // namespace
+
+void cogl_color(const ClutterColor* a_colour)
+{
+    s_currentColour = *a_colour;
+    cogl_set_source_color4ub(a_colour->red, a_colour->green, a_colour->blue, a_colour->alpha);
+}
+
+ClutterColor cogl_current_color()
+{
+    return s_currentColour;
+}
+
+void cogl_texture_multiple_rectangles(CoglHandle a_texture, const CoglFixed* a_vertices, guint a_count)
+{
+    if (a_texture == nullptr || a_count == 0)
+    {
+        return;
+    }
+    // Grows to the longest list ever drawn and stays, so that painting doesn't allocate.
+    static std::vector<float> s_vertices;
+    const std::size_t valueCount = std::size_t{a_count} * k_valuesPerQuad;
+    s_vertices.resize(valueCount);
+    for (std::size_t i = 0; i < valueCount; ++i)
+    {
+        s_vertices[i] = static_cast<float>(a_vertices[i]) / 65536.0F;
+    }
+    CoglPipeline* pipeline = PipelineOf(COGL_TEXTURE(a_texture));
+    const auto premultiplied = [](guint8 a_component)
+    { return static_cast<guint8>((a_component * s_currentColour.alpha + 127) / 255); };
+    cogl_pipeline_set_color4ub(pipeline, premultiplied(s_currentColour.red), premultiplied(s_currentColour.green),
+                               premultiplied(s_currentColour.blue), s_currentColour.alpha);
+    cogl_framebuffer_draw_textured_rectangles(cogl_get_draw_framebuffer(), pipeline, s_vertices.data(), a_count);
+}
+
+void cogl_rectanglex(CoglFixed a_x, CoglFixed a_y, CoglFixed a_width, CoglFixed a_height)
+{
+    const auto left = static_cast<float>(a_x) / 65536.0F;
+    const auto top = static_cast<float>(a_y) / 65536.0F;
+    cogl_rectangle(left, top, left + static_cast<float>(a_width) / 65536.0F,
+                   top + static_cast<float>(a_height) / 65536.0F);
+}
+
+CoglHandle cogl_texture_new_from_file(const char* a_path, gint, gboolean, CoglPixelFormat a_internalFormat,
+                                      GError** a_error)
+{
+    return cogl_texture_new_from_file(a_path, COGL_TEXTURE_NONE, a_internalFormat, a_error);
+}
+
+CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint, gboolean, CoglPixelFormat a_format,
+                                      CoglPixelFormat a_internalFormat, guint a_rowStride, const guchar* a_data)
+{
+    return cogl_texture_new_from_data(static_cast<int>(a_width), static_cast<int>(a_height), COGL_TEXTURE_NONE,
+                                      a_format, a_internalFormat, static_cast<int>(a_rowStride), a_data);
+}
+
+void cogl_texture_release(CoglHandle a_texture)
+{
+    if (a_texture != nullptr)
+    {
+        cogl_object_set_user_data(COGL_OBJECT(a_texture), &s_pipelineKey, nullptr, nullptr);
+        cogl_object_unref(a_texture);
+    }
+}

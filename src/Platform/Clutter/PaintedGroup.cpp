@@ -1,0 +1,79 @@
+#include "Platform/Clutter/PaintedGroup.h"
+
+namespace
+{
+
+ClutterActorClass* s_parentClass = nullptr;
+
+void Paint(ClutterActor* a_actor)
+{
+    painted_group_run_painter(PAINTED_GROUP(a_actor));
+    s_parentClass->paint(a_actor);
+}
+
+gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
+{
+    if (clutter_paint_volume_set_from_allocation(a_volume, a_actor) == FALSE)
+    {
+        return FALSE;
+    }
+    ClutterActorIter iter;
+    clutter_actor_iter_init(&iter, a_actor);
+    ClutterActor* child = nullptr;
+    while (clutter_actor_iter_next(&iter, &child) != FALSE)
+    {
+        if (!clutter_actor_is_mapped(child))
+        {
+            continue;
+        }
+        const ClutterPaintVolume* volume = clutter_actor_get_transformed_paint_volume(child, a_actor);
+        if (volume == nullptr)
+        {
+            return FALSE;
+        }
+        clutter_paint_volume_union(a_volume, volume);
+    }
+    return TRUE;
+}
+
+void InitialiseClass(gpointer a_class, gpointer)
+{
+    s_parentClass = CLUTTER_ACTOR_CLASS(g_type_class_peek_parent(a_class));
+    ClutterActorClass* actorClass = CLUTTER_ACTOR_CLASS(a_class);
+    actorClass->paint = Paint;
+    actorClass->get_paint_volume = GetPaintVolume;
+}
+
+} // namespace
+
+GType painted_group_get_type()
+{
+    static const GType s_type =
+        g_type_register_static_simple(clutter_group_get_type(), "GfxPaintedGroup", sizeof(PaintedGroupClass),
+                                      InitialiseClass, sizeof(PaintedGroup), nullptr, GTypeFlags{});
+    return s_type;
+}
+
+ClutterActor* painted_group_new()
+{
+    return CLUTTER_ACTOR(g_object_new(TYPE_PAINTED_GROUP, nullptr));
+}
+
+void painted_group_set_painter(PaintedGroup* a_group, PaintedGroupPainter a_painter, void* a_data)
+{
+    a_group->painter = a_painter;
+    a_group->data = a_data;
+}
+
+bool painted_group_has_painter(ClutterActor* a_actor)
+{
+    return IS_PAINTED_GROUP(a_actor) && PAINTED_GROUP(a_actor)->painter != nullptr;
+}
+
+void painted_group_run_painter(PaintedGroup* a_group)
+{
+    if (a_group->painter != nullptr)
+    {
+        a_group->painter(a_group->data);
+    }
+}

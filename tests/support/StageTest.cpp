@@ -1,0 +1,213 @@
+#include "support/StageTest.h"
+
+#include "Core/Time.h"
+#include "Gfx/Common/Drawing.h"
+#include "Managers/Gfx/GfxManager.h"
+#include "Managers/Input/InputManager.h"
+
+#include <GL/gl.h>
+#include <array>
+#include <clutter/clutter.h>
+#include <cstdlib>
+#include <utility>
+
+namespace GfxTest
+{
+
+using Core::Patterns::StaticSingleton;
+using Gfx::Managers::CGfxManager;
+using Gfx::Managers::CInputManager;
+using Gfx::Managers::CWidgetManager;
+
+namespace
+{
+
+std::int64_t s_now = 0;
+
+std::int64_t StandingClock()
+{
+    return s_now;
+}
+
+int s_frames = 0;
+
+void CountFrame(ClutterStage*, gpointer)
+{
+    ++s_frames;
+}
+
+/// Waits for whatever the main loop has a deadline for; false if there is nothing of the kind.
+bool IsSomethingToCome()
+{
+    GMainContext* context = g_main_context_default();
+    gint priority = 0;
+    g_main_context_prepare(context, &priority);
+    gint timeout = -1;
+    std::array<GPollFD, 64> descriptors{};
+    g_main_context_query(context, priority, &timeout, descriptors.data(), descriptors.size());
+    if (timeout < 0)
+    {
+        return false;
+    }
+    g_main_context_iteration(context, TRUE);
+    return true;
+}
+
+std::vector<WidgetPtr> s_topLevels;
+
+CPicture ReadBuffer()
+{
+    std::array<GLint, 4> viewport{};
+    glGetIntegerv(GL_VIEWPORT, viewport.data());
+    const int width = viewport[2];
+    const int height = viewport[3];
+    const std::size_t rowSize = static_cast<std::size_t>(width) * 4;
+    std::vector<std::uint8_t> bottomUp(rowSize * static_cast<std::size_t>(height));
+    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+    glPixelStorei(GL_PACK_SKIP_ROWS, 0);
+    glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
+    glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, bottomUp.data());
+    std::vector<std::uint8_t> pixels;
+    pixels.reserve(bottomUp.size());
+    for (int y = height - 1; y >= 0; --y)
+    {
+        const auto row = bottomUp.begin() + static_cast<std::ptrdiff_t>(rowSize) * y;
+        pixels.insert(pixels.end(), row, row + static_cast<std::ptrdiff_t>(rowSize));
+    }
+    return {std::move(pixels), width, height};
+}
+
+} // namespace
+
+CBlock::CBlock(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, const Gfx::CColour& a_colour,
+               bool a_scissor)
+    : CWidget(a_name, "Block", a_x, a_y, a_width, a_height, a_scissor), m_colour(a_colour)
+{
+    InitialiseClutterGroup();
+}
+
+void CBlock::DrawSelf() const
+{
+    ++draws;
+    Gfx::Utilities::FillRectangle({0, 0, Width() + overhang, Height() + overhang}, m_colour);
+}
+
+Gfx::CColour CPicture::At(int a_x, int a_y) const
+{
+    const std::uint8_t* pixel = m_pixels.data() + (static_cast<std::ptrdiff_t>(a_y) * m_width + a_x) * 4;
+    return {pixel[0], pixel[1], pixel[2], 255};
+}
+
+int CPicture::CountDifferences(const CPicture& a_other) const
+{
+    int differences = 0;
+    for (int y = 0; y < m_height; ++y)
+    {
+        for (int x = 0; x < m_width; ++x)
+        {
+            differences += At(x, y) == a_other.At(x, y) ? 0 : 1;
+        }
+    }
+    return differences;
+}
+
+void CStageTest::SetUpTestSuite()
+{
+    CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
+    if (gfx.GetStage() != nullptr)
+    {
+        return;
+    }
+    Core::Time::SetSource(StandingClock);
+    setenv("CLUTTER_DEFAULT_FPS", "1000", 1);
+    ASSERT_TRUE(gfx.Setup(GFX_TEST_DATA, "test", {0, 0}, k_width, k_height, 0, nullptr, Gfx::Colours::Black));
+    g_signal_connect(gfx.GetStage(), "after-paint", G_CALLBACK(CountFrame), nullptr);
+    StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
+    StaticSingleton<CInputManager>::ref().ConnectClutter();
+    clutter_actor_show(gfx.GetStage());
+    while (s_frames == 0)
+    {
+        g_main_context_iteration(nullptr, TRUE);
+    }
+}
+
+void CStageTest::SetUp()
+{
+    // A press that an earlier test has left pending.
+    Widgets().MouseEvent(Gfx::Events::FirstUp, 0, {0, 0}, false);
+    Settle();
+}
+
+void CStageTest::TearDown()
+{
+    Widgets().SetKeyboardEventCallback(nullptr);
+    Widgets().SetMousePointer({});
+    for (const WidgetPtr& widget : std::exchange(s_topLevels, {}))
+    {
+        Widgets().DestroyWidget(widget.Get());
+    }
+    Widgets().GarbageCollect();
+    Settle();
+}
+
+void CStageTest::AddToStage(const WidgetPtr& a_widget)
+{
+    s_topLevels.push_back(a_widget);
+    Widgets().AddWidget(a_widget);
+}
+
+CWidgetManager& CStageTest::Widgets()
+{
+    return StaticSingleton<CWidgetManager>::ref();
+}
+
+void CStageTest::Press(int a_x, int a_y)
+{
+    StaticSingleton<CGfxManager>::ref().InjectMouseEvent(Gfx::Events::FirstDown, a_x, a_y, false);
+}
+
+void CStageTest::MoveTo(int a_x, int a_y)
+{
+    StaticSingleton<CGfxManager>::ref().InjectMouseEvent(Gfx::Events::Move, a_x, a_y, false);
+}
+
+void CStageTest::Release(int a_x, int a_y)
+{
+    StaticSingleton<CGfxManager>::ref().InjectMouseEvent(Gfx::Events::FirstUp, a_x, a_y, false);
+}
+
+void CStageTest::Click(int a_x, int a_y)
+{
+    Press(a_x, a_y);
+    Release(a_x, a_y);
+}
+
+void CStageTest::Advance(int a_milliseconds)
+{
+    s_now += std::int64_t{a_milliseconds} * 1'000'000;
+}
+
+int CStageTest::Settle()
+{
+    const int before = s_frames;
+    // Frames are painted at a limited rate: one may still be to come when there is nothing to do just now.
+    while (g_main_context_iteration(nullptr, FALSE) != FALSE || IsSomethingToCome())
+    {
+    }
+    return s_frames - before;
+}
+
+CPicture CStageTest::ShownPicture()
+{
+    clutter_stage_ensure_current(CLUTTER_STAGE(StaticSingleton<CGfxManager>::ref().GetStage()));
+    return ReadBuffer();
+}
+
+CPicture CStageTest::FreshPicture()
+{
+    clutter_actor_queue_redraw(StaticSingleton<CGfxManager>::ref().GetStage());
+    Settle();
+    return ReadBuffer();
+}
+
+} // namespace GfxTest

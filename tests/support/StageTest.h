@@ -1,0 +1,114 @@
+#pragma once
+
+#include "Core/SharedPtr.h"
+#include "Gfx/Common/Colour.h"
+#include "Gfx/Common/MouseEvent.h"
+#include "Gfx/Common/Point.h"
+#include "Managers/Widgets/WidgetManager.h"
+#include "Widgets/Widget.h"
+
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace Gfx
+{
+inline void PrintTo(const CColour& a_colour, std::ostream* a_out)
+{
+    *a_out << '(' << int{a_colour.Red()} << ',' << int{a_colour.Green()} << ',' << int{a_colour.Blue()} << ','
+           << int{a_colour.Alpha()} << ')';
+}
+} // namespace Gfx
+
+namespace GfxTest
+{
+
+using WidgetPtr = Core::SharedPtr<Gfx::Widgets::CWidget>;
+
+/// A widget of one colour that counts how often it draws.
+class CBlock : public Gfx::Widgets::CWidget
+{
+public:
+    CBlock(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, const Gfx::CColour& a_colour,
+           bool a_scissor = false);
+    void DrawSelf() const override;
+
+    mutable int draws = 0;
+    /// How far it draws beyond its right and bottom edge.
+    int overhang = 0;
+
+private:
+    Gfx::CColour m_colour;
+};
+
+/// What is on the stage, row by row from the top.
+class CPicture
+{
+public:
+    CPicture(std::vector<std::uint8_t> a_pixels, int a_width, int a_height)
+        : m_pixels(std::move(a_pixels)), m_width(a_width), m_height(a_height)
+    {
+    }
+    [[nodiscard]] Gfx::CColour At(int a_x, int a_y) const;
+    [[nodiscard]] int CountDifferences(const CPicture& a_other) const;
+
+private:
+    std::vector<std::uint8_t> m_pixels;
+    int m_width;
+    int m_height;
+};
+
+/// A stage of 800 by 480 that is shown, black, with nothing on it; one for all tests of the process. The clock stands
+/// until Advance moves it on.
+class CStageTest : public testing::Test
+{
+protected:
+    static constexpr int k_width = 800;
+    static constexpr int k_height = 480;
+
+    static void SetUpTestSuite();
+    void SetUp() override;
+    void TearDown() override;
+
+    static Gfx::Managers::CWidgetManager& Widgets();
+
+    /// Adds a widget and destroys it at the end of the test.
+    static void AddToStage(const WidgetPtr& a_widget);
+
+    /// Puts a widget on the stage and returns it.
+    template <typename T>
+    static Core::SharedPtr<T> AddTopLevel(T* a_widget)
+    {
+        Core::SharedPtr<T> widget(a_widget);
+        AddToStage(widget);
+        return widget;
+    }
+
+    template <typename T>
+    static Core::SharedPtr<T> AddChild(Gfx::Widgets::CWidget& a_parent, T* a_widget)
+    {
+        Core::SharedPtr<T> widget(a_widget);
+        a_parent.AddChild(widget);
+        return widget;
+    }
+
+    static void Press(int a_x, int a_y);
+    static void MoveTo(int a_x, int a_y);
+    static void Release(int a_x, int a_y);
+    static void Click(int a_x, int a_y);
+
+    static void Advance(int a_milliseconds);
+
+    /// Runs the main loop until nothing that is queued is left to paint; returns how many frames that took.
+    static int Settle();
+
+    /// What the last frame has left in the buffer, without painting anything.
+    static CPicture ShownPicture();
+
+    /// The same after painting the whole stage anew.
+    static CPicture FreshPicture();
+};
+
+} // namespace GfxTest
