@@ -120,8 +120,8 @@ public:
 /// A family of callbacks by their result and up to six arguments; the first void ends the arguments. Interfaces take a
 /// Signature*, callers make one of its subclasses:
 ///
-///     button->SetClickHandler(new Core::Functor<void, int>::Method<CScreen>(this, &CScreen::OnAnswer));
-///     timers.Add(500, Core::Functor<bool>::Make([this] { return Blink(); }));
+///     manager->AddUpdateCompletedCallback(new Core::Functor<void>::Method<CScreen>(this, &CScreen::OnLanguage));
+///     manager->AddUpdateCompletedCallback(Core::Functor<void>::Make([this] { Refill(); }));
 template <typename R, typename A1 = void, typename A2 = void, typename A3 = void, typename A4 = void,
           typename A5 = void, typename A6 = void>
 class Functor

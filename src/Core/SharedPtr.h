@@ -156,10 +156,16 @@ private:
         T* const object = std::exchange(m_object, nullptr);
         if (counter && counter->Decrement())
         {
-            static_assert(sizeof(T) > 0, "the pointee must be complete where a pointer to it dies");
-            delete counter;
-            delete object;
+            Destroy(counter, object);
         }
+    }
+
+    /// Apart from the rest, so that what is inlined everywhere is small.
+    [[gnu::noinline]] static void Destroy(Counter* a_counter, T* a_object)
+    {
+        static_assert(sizeof(T) > 0, "the pointee must be complete where a pointer to it dies");
+        delete a_counter;
+        delete a_object;
     }
 
     SharedPtr& Replace(SharedPtr& a_held)

@@ -2,9 +2,12 @@
 
 #include "Core/Logging/Logger.h"
 
-#include <algorithm>
 #include <glib.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace GfxTest
@@ -13,91 +16,98 @@ namespace GfxTest
 namespace
 {
 
-struct SExpectation
-{
-    std::string part;
-    bool met = false;
-};
-
 struct SLine
 {
     std::string text;
-    /// A progress message of the library, or below the level that counts.
-    bool harmless = false;
+    bool mustBeExpected;
 };
 
-std::vector<SExpectation> s_expectations;
 std::vector<SLine> s_lines;
+std::vector<std::string> s_expected;
 
-bool Contains(const std::string& a_text, const std::string& a_part)
+bool Contains(const SLine& a_line, const std::string& a_text)
 {
-    return a_text.find(a_part) != std::string::npos;
+    return a_line.text.find(a_text) != std::string::npos;
 }
 
-void OnLog(Core::Logging::ELogEventLevel a_level, const std::string& a_source, const std::string& a_message)
+void Observe(Core::Logging::ELogEventLevel a_level, const std::string& a_source, const std::string& a_message)
 {
-    const bool progress = a_source == "Gfx" && a_message.rfind("Initialising", 0) == 0;
-    s_lines.push_back({a_source + ": " + a_message, progress || a_level < Core::Logging::elSkipped});
+    s_lines.push_back({std::to_string(static_cast<int>(a_level)) + " (" + a_source + ") : " + a_message,
+                       a_level >= Core::Logging::elSkipped});
 }
 
-void OnGlibLog(const gchar* a_domain, GLogLevelFlags a_level, const gchar* a_message, gpointer)
+std::string Field(std::string_view a_key, const GLogField* a_fields, gsize a_count)
 {
-    const int severe = G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING;
-    s_lines.push_back({std::string(a_domain != nullptr ? a_domain : "") + ": " + (a_message != nullptr ? a_message : ""),
-                       (a_level & severe) == 0});
+    const GLogField* field =
+        std::find_if(a_fields, a_fields + a_count, [&](const GLogField& a_field) { return a_field.key == a_key; });
+    if (field == a_fields + a_count)
+    {
+        return {};
+    }
+    const char* text = static_cast<const char*>(field->value);
+    return field->length < 0 ? std::string(text) : std::string(text, static_cast<std::size_t>(field->length));
+}
+
+GLogWriterOutput Write(GLogLevelFlags a_level, const GLogField* a_fields, gsize a_count, gpointer a_data)
+{
+    const char* name = a_level & G_LOG_LEVEL_ERROR      ? "error"
+                       : a_level & G_LOG_LEVEL_CRITICAL ? "critical"
+                       : a_level & G_LOG_LEVEL_WARNING  ? "warning"
+                                                        : "message";
+    const bool isFault = (a_level & (G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_WARNING)) != 0;
+    s_lines.push_back({std::string(name) + " (" + Field("GLIB_DOMAIN", a_fields, a_count) +
+                           ") : " + Field("MESSAGE", a_fields, a_count),
+                       isFault});
+    return g_log_writer_default(a_level, a_fields, a_count, a_data);
 }
 
 class CLogGuard : public testing::EmptyTestEventListener
 {
     void OnTestStart(const testing::TestInfo&) override
     {
-        s_expectations.clear();
         s_lines.clear();
+        s_expected.clear();
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().SetObserver(Observe);
     }
 
-    void OnTestEnd(const testing::TestInfo&) override
+    void OnTestEnd(const testing::TestInfo& a_test) override
     {
         for (const SLine& line : s_lines)
         {
-            bool expected = line.harmless;
-            for (SExpectation& expectation : s_expectations)
+            const bool isExpected = std::any_of(s_expected.begin(), s_expected.end(),
+                                                [&](const std::string& a_text) { return Contains(line, a_text); });
+            if (line.mustBeExpected && !isExpected)
             {
-                if (Contains(line.text, expectation.part))
-                {
-                    expectation.met = true;
-                    expected = true;
-                }
-            }
-            if (!expected)
-            {
-                ADD_FAILURE() << "unexpected log line: " << line.text;
+                ADD_FAILURE_AT(a_test.file(), a_test.line()) << "unexpected log line: " << line.text;
             }
         }
-        for (const SExpectation& expectation : s_expectations)
+        for (const std::string& text : s_expected)
         {
-            EXPECT_TRUE(expectation.met) << "no log line has: " << expectation.part;
+            if (CountLogs(text) == 0 && !a_test.result()->Skipped())
+            {
+                ADD_FAILURE_AT(a_test.file(), a_test.line()) << "no log line has: " << text;
+            }
         }
     }
 };
 
 } // namespace
 
-void ExpectLog(const std::string& a_part)
-{
-    s_expectations.push_back({a_part});
-}
-
-int CountLogs(const std::string& a_part)
-{
-    return static_cast<int>(std::count_if(s_lines.begin(), s_lines.end(),
-                                          [&a_part](const SLine& a_line) { return Contains(a_line.text, a_part); }));
-}
-
 void InstallLogGuard()
 {
-    Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().SetObserver(OnLog);
-    g_log_set_default_handler(OnGlibLog, nullptr);
+    g_log_set_writer_func(Write, nullptr, nullptr);
     testing::UnitTest::GetInstance()->listeners().Append(new CLogGuard);
+}
+
+void ExpectLog(const std::string& a_text)
+{
+    s_expected.push_back(a_text);
+}
+
+int CountLogs(const std::string& a_text)
+{
+    return static_cast<int>(
+        std::count_if(s_lines.begin(), s_lines.end(), [&](const SLine& a_line) { return Contains(a_line, a_text); }));
 }
 
 } // namespace GfxTest

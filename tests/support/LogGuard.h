@@ -2,17 +2,19 @@
 
 #include <string>
 
+/// Watches the log lines of the tests: a line of level 2 or above, and a warning or critical message of GLib, is a
+/// failure of the test that runs, unless the test expects it.
 namespace GfxTest
 {
 
-/// Lets log lines, and warnings of GLib, that contain a_part pass in the running test; without, each one of level 2 or
-/// above fails it. A part that no line contains by the end of the test fails it too.
-void ExpectLog(const std::string& a_part);
-
-/// How many lines of the running test so far contain a_part; messages that the guard lets pass anyway included.
-int CountLogs(const std::string& a_part);
-
-/// Watches all tests of this process.
+/// Starts the watch; called once, by TestMain.cpp.
 void InstallLogGuard();
+
+/// Allows all lines of the running test, before and after this call, that contain a_text, and demands one at least.
+/// What is searched is "<level> (<source>) : <message>"; GLib's lines have its name of the level and their domain.
+void ExpectLog(const std::string& a_text);
+
+/// How many lines of any level the running test has logged so far that contain a_text.
+[[nodiscard]] int CountLogs(const std::string& a_text);
 
 } // namespace GfxTest

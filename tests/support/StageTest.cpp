@@ -6,8 +6,9 @@
 #include "Managers/Input/InputManager.h"
 
 #include <GL/gl.h>
-#include <array>
 #include <clutter/clutter.h>
+
+#include <array>
 #include <cstdlib>
 #include <utility>
 
@@ -113,6 +114,11 @@ int CPicture::CountDifferences(const CPicture& a_other) const
 
 void CStageTest::SetUpTestSuite()
 {
+    SetUpStage(GFX_TEST_DATA);
+}
+
+void CStageTest::SetUpStage(const std::string& a_basePath)
+{
     CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
     if (gfx.GetStage() != nullptr)
     {
@@ -120,7 +126,7 @@ void CStageTest::SetUpTestSuite()
     }
     Core::Time::SetSource(StandingClock);
     setenv("CLUTTER_DEFAULT_FPS", "1000", 1);
-    ASSERT_TRUE(gfx.Setup(GFX_TEST_DATA, "test", {0, 0}, k_width, k_height, 0, nullptr, Gfx::Colours::Black));
+    ASSERT_TRUE(gfx.Setup(a_basePath, "test", {0, 0}, k_width, k_height, 0, nullptr, Gfx::Colours::Black));
     g_signal_connect(gfx.GetStage(), "after-paint", G_CALLBACK(CountFrame), nullptr);
     StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
     StaticSingleton<CInputManager>::ref().ConnectClutter();
@@ -154,6 +160,11 @@ void CStageTest::AddToStage(const WidgetPtr& a_widget)
 {
     s_topLevels.push_back(a_widget);
     Widgets().AddWidget(a_widget);
+}
+
+void CStageTest::ForgetTopLevels()
+{
+    s_topLevels.clear();
 }
 
 CWidgetManager& CStageTest::Widgets()
@@ -195,6 +206,22 @@ int CStageTest::Settle()
     {
     }
     return s_frames - before;
+}
+
+void CStageTest::WaitForClippedRedraws()
+{
+    const auto probe = AddTopLevel(new CBlock("probe", 0, 0, 10, 10, Gfx::Colours::Black));
+    const auto other = AddTopLevel(new CBlock("other", 20, 0, 10, 10, Gfx::Colours::Black));
+    Settle();
+    for (int draws = -1; draws != other->draws;)
+    {
+        draws = other->draws;
+        probe->Invalidate(false);
+        Settle();
+    }
+    Widgets().DestroyWidget(probe.Get());
+    Widgets().DestroyWidget(other.Get());
+    Settle();
 }
 
 CPicture CStageTest::ShownPicture()

@@ -7,8 +7,9 @@
 #include "Managers/Widgets/WidgetManager.h"
 #include "Widgets/Widget.h"
 
-#include <cstdint>
 #include <gtest/gtest.h>
+
+#include <cstdint>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -69,6 +70,10 @@ protected:
     static constexpr int k_height = 480;
 
     static void SetUpTestSuite();
+
+    /// What SetUpTestSuite does, with a data directory of the test's own.
+    static void SetUpStage(const std::string& a_basePath);
+
     void SetUp() override;
     void TearDown() override;
 
@@ -76,6 +81,9 @@ protected:
 
     /// Adds a widget and destroys it at the end of the test.
     static void AddToStage(const WidgetPtr& a_widget);
+
+    /// Leaves the widgets that were added so far to the test.
+    static void ForgetTopLevels();
 
     /// Puts a widget on the stage and returns it.
     template <typename T>
@@ -103,6 +111,10 @@ protected:
 
     /// Runs the main loop until nothing that is queued is left to paint; returns how many frames that took.
     static int Settle();
+
+    /// Paints until the scene graph keeps to what has changed: for a while after the stage was last resized, every
+    /// frame is a whole one.
+    static void WaitForClippedRedraws();
 
     /// What the last frame has left in the buffer, without painting anything.
     static CPicture ShownPicture();

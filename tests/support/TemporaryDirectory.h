@@ -1,47 +1,61 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 namespace GfxTest
 {
 
-/// A directory of the test's own, gone at the end of its scope with all that is in it.
+/// A new folder that is removed with all that is in it.
 class CTemporaryDirectory
 {
 public:
     CTemporaryDirectory()
     {
-        std::string pattern = testing::TempDir() + "gfx-test-XXXXXX";
-        if (mkdtemp(pattern.data()) == nullptr)
+        std::string path = testing::TempDir() + "gfx-test-XXXXXX";
+        if (mkdtemp(path.data()))
         {
-            ADD_FAILURE() << "can't make a directory like " << pattern;
-            std::abort();
+            m_path = path + "/";
         }
-        m_path = pattern + "/";
+        else
+        {
+            ADD_FAILURE() << "can't make " << path;
+        }
     }
+
     ~CTemporaryDirectory()
     {
-        std::error_code error;
-        std::filesystem::remove_all(m_path, error);
+        if (!m_path.empty())
+        {
+            std::error_code error;
+            std::filesystem::remove_all(m_path, error);
+        }
     }
+
     CTemporaryDirectory(const CTemporaryDirectory&) = delete;
     CTemporaryDirectory& operator=(const CTemporaryDirectory&) = delete;
 
-    /// Writes a file, making the folders on the way; returns its path.
-    std::string Write(const std::string& a_relativePath, const std::string& a_content) const
+    /// With a slash at its end.
+    [[nodiscard]] const std::string& Path() const { return m_path; }
+
+    /// Writes a file, and the folders above it; returns its path.
+    std::string Write(const std::string& a_relativePath, std::string_view a_text) const
     {
         const std::filesystem::path path = m_path + a_relativePath;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << a_content;
+        std::error_code error;
+        std::filesystem::create_directories(path.parent_path(), error);
+        std::ofstream file(path, std::ios::binary);
+        file.write(a_text.data(), static_cast<std::streamsize>(a_text.size()));
+        file.close();
+        EXPECT_TRUE(file) << "can't write " << path;
         return path.string();
     }
-
-    /// With a separator at its end.
-    [[nodiscard]] const std::string& Path() const { return m_path; }
 
 private:
     std::string m_path;

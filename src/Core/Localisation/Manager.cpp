@@ -139,9 +139,7 @@ std::string CManager::ProcessEscapes(const std::string& a_text) const
 
 void CManager::AddUpdateCompletedCallback(UpdateCompletedCallback* a_callback)
 {
-    const bool isKnown = std::any_of(m_callbacks.begin(), m_callbacks.end(),
-                                     [&](const auto& a_known) { return a_known.Get() == a_callback; });
-    if (a_callback && !isKnown)
+    if (a_callback && FindCallback(a_callback) == m_callbacks.end())
     {
         m_callbacks.emplace_back(a_callback);
     }
@@ -149,7 +147,13 @@ void CManager::AddUpdateCompletedCallback(UpdateCompletedCallback* a_callback)
 
 void CManager::RemoveUpdateCompletedCallback(const UpdateCompletedCallback* a_callback)
 {
-    std::erase_if(m_callbacks, [&](const auto& a_known) { return a_known.Get() == a_callback; });
+    const auto callback = FindCallback(a_callback);
+    if (callback != m_callbacks.end())
+    {
+        // It dies when the list is in order again.
+        const SharedPtr<UpdateCompletedCallback> removed = std::move(*callback);
+        m_callbacks.erase(callback);
+    }
 }
 
 void CManager::DeregisterAsset(CAsset* a_asset)
@@ -173,14 +177,20 @@ void CManager::UpdateCompleted()
     }
 
     // The copy keeps each callback alive while it runs, also when it removes itself.
-    const std::vector<SharedPtr<UpdateCompletedCallback>> callbacks = m_callbacks;
+    const Callbacks callbacks = m_callbacks;
     for (const SharedPtr<UpdateCompletedCallback>& callback : callbacks)
     {
-        if (std::find(m_callbacks.begin(), m_callbacks.end(), callback) != m_callbacks.end())
+        if (FindCallback(callback.Get()) != m_callbacks.end())
         {
             callback->Execute();
         }
     }
+}
+
+CManager::Callbacks::iterator CManager::FindCallback(const UpdateCompletedCallback* a_callback)
+{
+    return std::find_if(m_callbacks.begin(), m_callbacks.end(),
+                        [&](const auto& a_known) { return a_known.Get() == a_callback; });
 }
 
 void CManager::RegisterAsset(CAsset* a_asset)

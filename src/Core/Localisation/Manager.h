@@ -83,7 +83,9 @@ private:
     };
 
     using Catalogue = std::unordered_map<std::string, std::string, SHash, std::equal_to<>>;
+    using Callbacks = std::vector<SharedPtr<UpdateCompletedCallback>>;
 
+    [[nodiscard]] Callbacks::iterator FindCallback(const UpdateCompletedCallback* a_callback);
     void RegisterAsset(CAsset* a_asset);
     void Refresh(CAsset& a_asset) const;
     [[nodiscard]] std::string CataloguePath(const std::string& a_language) const;
@@ -94,7 +96,7 @@ private:
     std::string m_language;
     Catalogue m_catalogue;
     std::unordered_set<CAsset*> m_assets;
-    std::vector<SharedPtr<UpdateCompletedCallback>> m_callbacks;
+    Callbacks m_callbacks;
 };
 
 } // namespace Core::Localisation

@@ -1,0 +1,69 @@
+#include "Core/IO/DataBuffer.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+
+namespace
+{
+
+using namespace Core::IO;
+
+// A byte, so that what follows isn't aligned; -2 and 1.5 in each order.
+constexpr std::array<std::uint8_t, 9> k_little{0xFF, 0xFE, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0xC0, 0x3F};
+constexpr std::array<std::uint8_t, 9> k_big{0xFF, 0xFF, 0xFF, 0xFF, 0xFE, 0x3F, 0xC0, 0x00, 0x00};
+
+TEST(DataBufferTest, NumbersAreReadInTheOrderOfTheBuffer)
+{
+    struct SCase
+    {
+        EEndianness endianness;
+        std::array<std::uint8_t, 9> bytes;
+    };
+    for (const SCase& example : {SCase{EEndianness{0}, k_little}, SCase{eeBig, k_big}})
+    {
+        CDataBuffer buffer(example.endianness, 2);
+        buffer.Add(example.bytes.data(), 4);
+        buffer.Add(example.bytes.data() + 4, 5);
+        EXPECT_EQ(buffer.Size(), 9U);
+        EXPECT_EQ(buffer.GetUInt8(), 255);
+        EXPECT_EQ(buffer.GetInt32(), -2);
+        EXPECT_EQ(buffer.Tell(), 5U);
+        EXPECT_EQ(buffer.GetFloat(), 1.5F);
+        EXPECT_EQ(buffer.Tell(), buffer.Size());
+        EXPECT_FALSE(buffer.Failed());
+    }
+}
+
+TEST(DataBufferTest, AReadPastTheEndGivesZeroAndMarksTheBuffer)
+{
+    CDataBuffer buffer(eeLittle, 0);
+    EXPECT_FALSE(buffer.Failed());
+    EXPECT_EQ(buffer.GetUInt8(), 0);
+    EXPECT_TRUE(buffer.Failed());
+
+    CDataBuffer cut(eeLittle, 256);
+    cut.Add(k_little.data(), k_little.size());
+    cut.Seek(6);
+    EXPECT_FALSE(cut.Failed());
+    EXPECT_EQ(cut.GetInt32(), 0);
+    EXPECT_EQ(cut.Tell(), 9U);
+    EXPECT_EQ(cut.GetFloat(), 0.0F);
+    cut.Seek(1);
+    EXPECT_EQ(cut.GetInt32(), -2);
+    EXPECT_TRUE(cut.Failed());
+}
+
+TEST(DataBufferTest, SeekingPastTheEndStopsThere)
+{
+    CDataBuffer buffer(eeLittle, 256);
+    buffer.Add(k_little.data(), k_little.size());
+    buffer.Seek(9);
+    EXPECT_FALSE(buffer.Failed());
+    buffer.Seek(static_cast<std::size_t>(-1));
+    EXPECT_EQ(buffer.Tell(), 9U);
+    EXPECT_TRUE(buffer.Failed());
+}
+
+} // namespace
