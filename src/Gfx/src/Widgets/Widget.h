@@ -59,7 +59,8 @@ public:
     using ResizeHandler = Core::Functor<bool, CWidget*, int, int>::Signature;
     using NotifyHandler = Core::Functor<void, CWidget*>::Signature;
     using ClickHandler = Core::Functor<void, CWidget*, int, const Common::CPoint&, bool>::Signature;
-    using MouseHandler = Core::Functor<void, CWidget*, Events::EMouseEvent, int, const Common::CPoint&, bool>::Signature;
+    using MouseHandler =
+        Core::Functor<void, CWidget*, Events::EMouseEvent, int, const Common::CPoint&, bool>::Signature;
 
     /// a_x and a_y are pixels from the top left of the parent, or of the stage; a_type is the control's word in status
     /// dumps; with a_scissor the children are clipped to the widget's rectangle as it is on the screen when
