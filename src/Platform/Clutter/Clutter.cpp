@@ -1,5 +1,7 @@
 #include "Platform/Clutter/Clutter.h"
 
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace
@@ -66,6 +68,12 @@ void cogl_texture_multiple_rectangles(CoglHandle a_texture, const CoglFixed* a_v
     cogl_pipeline_set_color4ub(pipeline, premultiplied(s_currentColour.red), premultiplied(s_currentColour.green),
                                premultiplied(s_currentColour.blue), s_currentColour.alpha);
     cogl_framebuffer_draw_textured_rectangles(cogl_get_draw_framebuffer(), pipeline, s_vertices.data(), a_count);
+}
+
+CoglFixed clutter_double_to_fixed(double a_value)
+{
+    constexpr double furthest = 32767.0;
+    return std::isnan(a_value) ? 0 : cogl_double_to_fixed(std::clamp(a_value, -furthest, furthest));
 }
 
 void cogl_rectanglex(CoglFixed a_x, CoglFixed a_y, CoglFixed a_width, CoglFixed a_height)

@@ -39,11 +39,8 @@ CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint a_maxW
 /// dropping the reference alone would leave both alive.
 void cogl_texture_release(CoglHandle a_texture);
 
-/// 16.16 fixed point, rounded to nearest.
-inline CoglFixed clutter_double_to_fixed(double a_value)
-{
-    return cogl_double_to_fixed(a_value);
-}
+/// 16.16 fixed point, rounded to nearest; what it can't tell becomes the nearest that it can, and no number 0.
+CoglFixed clutter_double_to_fixed(double a_value);
 
 inline void clutter_group_remove(ClutterGroup* a_group, ClutterActor* a_actor)
 {

@@ -1,0 +1,214 @@
+#include "Managers/Textures/TextureManager.h"
+
+#include "Core/IO/XMLDocument.h"
+#include "Core/LexicalCast.h"
+#include "Core/Logging/Logger.h"
+#include "Managers/Textures/ImageFile.h"
+#include "Managers/Themes/ThemeManager.h"
+#include "Platform/Clutter/Clutter.h"
+
+#include <algorithm>
+#include <cstdint>
+
+template class Core::Patterns::StaticSingleton<Gfx::Managers::CTextureManager>;
+
+namespace Gfx::Managers
+{
+
+using Core::Patterns::StaticSingleton;
+
+namespace
+{
+
+constexpr CoglFixed k_fixedOne = 0x10000;
+
+template <typename... Args>
+void Report(const std::string& a_source, const std::string& a_format, const Args&... a_arguments)
+{
+    StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, a_source, a_format, a_arguments...);
+}
+
+int Number(const Core::IO::XMLNode& a_node, const std::string& a_attribute, int a_fallback)
+{
+    return Core::LexicalCast<int, std::string>(a_node.Attribute(a_attribute, ""), a_fallback);
+}
+
+/// Whether an extent lies within a page. Its own length is tested by the sum alone, so that a small negative one at a
+/// positive start passes.
+bool IsWithin(int a_start, int a_length, int a_pageLength)
+{
+    const std::int64_t end = std::int64_t{a_start} + a_length;
+    return a_start >= 0 && a_start < a_pageLength && end >= 0 && end <= a_pageLength;
+}
+
+/// A quad that shows a whole texture.
+STexturedQuad WholeTexture(int a_x, int a_y, int a_width, int a_height)
+{
+    const auto fixed = [](std::int64_t a_pixels) { return clutter_double_to_fixed(static_cast<double>(a_pixels)); };
+    return {fixed(a_x), fixed(a_y), fixed(std::int64_t{a_x} + a_width), fixed(std::int64_t{a_y} + a_height), 0, 0,
+            k_fixedOne, k_fixedOne};
+}
+
+/// The first page, in the order of the file, that has what the theme makes of a name; null if there is none.
+template <typename PagesT>
+auto FindPage(PagesT& a_pages, const std::string& a_resolvedName) -> decltype(&a_pages.front())
+{
+    const auto page =
+        std::find_if(a_pages.begin(), a_pages.end(),
+                     [&a_resolvedName](const CTexturePage& a_page) { return a_page.HasElement(a_resolvedName); });
+    return page != a_pages.end() ? &*page : nullptr;
+}
+
+std::string ThroughTheme(const std::string& a_name)
+{
+    return StaticSingleton<CThemeManager>::ref().Element(a_name, a_name);
+}
+
+} // namespace
+
+void CTextureManager::Initialise(const std::string& a_basePath)
+{
+    m_directory = a_basePath + "TextureMaps/";
+    Core::IO::XMLDocument document;
+    // A file that can't be read has been logged, and has no elements.
+    static_cast<void>(document.Parse(m_directory + "TextureConfig.xml"));
+    if (const Core::IO::XMLNode* textures = document.RootNode()->Child("Textures"))
+    {
+        for (const Core::IO::XMLNode& child : textures->Children())
+        {
+            if (child.Name() == "Image")
+            {
+                ReadImage(child);
+            }
+        }
+    }
+}
+
+void CTextureManager::ReadImage(const Core::IO::XMLNode& a_image)
+{
+    const std::string file = a_image.Attribute("file", "");
+    const int width = Number(a_image, "width", 0);
+    const int height = Number(a_image, "height", 0);
+    if (file.empty())
+    {
+        Report("CTextureManager", "The filename (%s) supplied for the image node is invalid", file);
+        return;
+    }
+    if (width <= 0 || height <= 0)
+    {
+        Report("CTextureManager", "The width (%d) or height (%d) of the image node %s was invalid", width, height,
+               file);
+        return;
+    }
+    CTexturePage& page = m_pages.emplace_back(m_directory + file, width, height);
+    for (const Core::IO::XMLNode& child : a_image.Children())
+    {
+        if (child.Name() == "Element")
+        {
+            ReadElement(child, file, page);
+        }
+    }
+}
+
+void CTextureManager::ReadElement(const Core::IO::XMLNode& a_element, const std::string& a_imageFile,
+                                  CTexturePage& a_page)
+{
+    const std::string name = a_element.Attribute("name", "");
+    const int left = Number(a_element, "left", -1);
+    const int top = Number(a_element, "top", -1);
+    const int width = Number(a_element, "width", -1);
+    const int height = Number(a_element, "height", -1);
+    if (name.empty())
+    {
+        Report("CTextureManager", "A name was not provided for an element node within the file %s", a_imageFile);
+        return;
+    }
+    if (!IsWithin(left, width, a_page.Width()) || !IsWithin(top, height, a_page.Height()))
+    {
+        Report("CTextureManager",
+               "Invalid dimensions were provided for element %s. Dimensions were left: %d, top: %d, width: %d, "
+               "height: %d",
+               name, left, top, width, height);
+        return;
+    }
+    const std::string style = a_element.Attribute("style", "simple");
+    const int border = std::max(Number(a_element, "border", 0), 0);
+    if (width <= border || height <= border)
+    {
+        Report("CTextureManager", "Invalid border size %d was provided for %s", border, name);
+        return;
+    }
+    if (style == "simple")
+    {
+        auto* element = new CSimpleElement(left, top, width, height, a_page.Width(), a_page.Height(), border);
+        element->SetBorders(Number(a_element, "border-top", border), Number(a_element, "border-bottom", border),
+                            Number(a_element, "border-left", border), Number(a_element, "border-right", border));
+        a_page.AddElement(name, element);
+    }
+}
+
+void CTextureManager::LoadTextures()
+{
+    for (CTexturePage& page : m_pages)
+    {
+        page.LoadTexture();
+    }
+}
+
+bool CTextureManager::RetrieveTexture(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
+                                      std::vector<STexturedQuad>& a_quads, void*& a_texture)
+{
+    a_texture = nullptr;
+    const std::string name = ThroughTheme(a_name);
+    CTexturePage* const page = FindPage(m_pages, name);
+    return page != nullptr && page->RetrieveElement(name, a_x, a_y, a_width, a_height, a_quads, a_texture);
+}
+
+int CTextureManager::GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const
+{
+    const std::string name = ThroughTheme(a_name);
+    const CTexturePage* const page = FindPage(m_pages, name);
+    return page != nullptr ? page->GetElementMargin(name, a_margin) : 0;
+}
+
+bool CTextureManager::LoadDataAsTexture(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel,
+                                        std::vector<STexturedQuad>& a_quads, void*& a_texture)
+{
+    CoglPixelFormat format = COGL_PIXEL_FORMAT_ANY;
+    switch (a_bytesPerPixel)
+    {
+    case 1: format = COGL_PIXEL_FORMAT_A_8; break;
+    case 3: format = COGL_PIXEL_FORMAT_RGB_888; break;
+    case 4: format = COGL_PIXEL_FORMAT_RGBA_8888; break;
+    default: return false;
+    }
+    if (a_data == nullptr)
+    {
+        return false;
+    }
+    a_texture = a_width > 0 && a_height > 0
+                    ? cogl_texture_new_from_data(static_cast<guint>(a_width), static_cast<guint>(a_height), 0, TRUE,
+                                                 format, COGL_PIXEL_FORMAT_ANY, 0, a_data)
+                    : nullptr;
+    if (a_texture == nullptr)
+    {
+        Report("CTextureManager::LoadDataAsTexture", "Error loading texture from data.");
+        return false;
+    }
+    a_quads.assign(1, WholeTexture(0, 0, a_width, a_height));
+    return true;
+}
+
+bool CTextureManager::LoadFileAsTexture(const std::string& a_file, int a_x, int a_y, int a_width, int a_height,
+                                        std::vector<STexturedQuad>& a_quads, void*& a_texture)
+{
+    a_texture = detail::LoadImageFile(a_file, "CTextureManager");
+    if (a_texture == nullptr)
+    {
+        return false;
+    }
+    a_quads.assign(1, WholeTexture(a_x, a_y, a_width, a_height));
+    return true;
+}
+
+} // namespace Gfx::Managers

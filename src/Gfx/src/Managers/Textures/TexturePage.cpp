@@ -1,0 +1,67 @@
+#include "Managers/Textures/TexturePage.h"
+
+#include "Core/Logging/Logger.h"
+#include "Managers/Textures/ImageFile.h"
+
+namespace Gfx::Managers
+{
+
+CTexturePage::CTexturePage(const std::string& a_file, int a_width, int a_height)
+    : m_file(a_file), m_width(a_width), m_height(a_height)
+{
+}
+
+bool CTexturePage::LoadTexture()
+{
+    if (m_loadAttempted)
+    {
+        return IsValid();
+    }
+    m_loadAttempted = true;
+    m_texture = detail::LoadImageFile(m_file, "CTexturePage");
+    return true;
+}
+
+bool CTexturePage::HasElement(const std::string& a_name) const
+{
+    return m_elements.count(a_name) != 0;
+}
+
+int CTexturePage::GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const
+{
+    const auto element = m_elements.find(a_name);
+    return element != m_elements.end() ? element->second->GetElementMargin(a_margin) : 0;
+}
+
+void CTexturePage::AddElement(const std::string& a_name, CTexturedElement* a_element)
+{
+    if (a_element != nullptr)
+    {
+        m_elements[a_name].reset(a_element);
+    }
+}
+
+bool CTexturePage::RetrieveElement(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
+                                   std::vector<STexturedQuad>& a_quads, void*& a_texture)
+{
+    const auto element = m_elements.find(a_name);
+    if (element == m_elements.end())
+    {
+        return false;
+    }
+    if (!m_loadAttempted)
+    {
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
+            Core::Logging::elMessage, "Gfx", "CTexturePage::RetrieveElement - texture not loaded - loading now", "");
+        LoadTexture();
+    }
+    if (!IsValid())
+    {
+        return false;
+    }
+    element->second->Generate(a_x, a_y, a_width, a_height, a_quads);
+    a_texture = m_texture;
+    return true;
+}
+
+} // namespace Gfx::Managers

@@ -1,0 +1,91 @@
+#include "Managers/Themes/ThemeManager.h"
+
+#include "Core/Assert.h"
+#include "Core/IO/XMLDocument.h"
+#include "Core/Logging/Logger.h"
+#include "Managers/Widgets/WidgetManager.h"
+
+template class Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>;
+
+namespace Gfx::Managers
+{
+
+using Core::Patterns::StaticSingleton;
+
+namespace
+{
+
+void Report(const char* a_message)
+{
+    StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CThemeManager", a_message, "");
+}
+
+} // namespace
+
+void CThemeManager::Initialise(const std::string& a_basePath)
+{
+    m_configurationPath = a_basePath + "Configuration/";
+    Core::IO::XMLDocument document;
+    // A file that can't be read has no themes, which the assertion below is for.
+    static_cast<void>(document.Parse(m_configurationPath + "ThemeConfig.xml"));
+    const Core::IO::XMLNode* currentNode = document.RootNode()->Child("Themes");
+    GFX_ASSERT(currentNode);
+    m_defaultTheme = currentNode->Attribute("default", "");
+    for (const Core::IO::XMLNode& child : currentNode->Children())
+    {
+        if (child.Name() == "Theme")
+        {
+            ReadTheme(child);
+        }
+    }
+    m_currentTheme = m_defaultTheme;
+}
+
+void CThemeManager::ReadTheme(const Core::IO::XMLNode& a_theme)
+{
+    const std::string id = a_theme.Attribute("id", "");
+    if (id.empty())
+    {
+        Report("A theme id was missing from a theme node");
+        return;
+    }
+    if (m_defaultTheme.empty())
+    {
+        m_defaultTheme = id;
+    }
+    ElementMap& elements = m_themes[id];
+    for (const Core::IO::XMLNode& child : a_theme.Children())
+    {
+        if (child.Name() != "Element")
+        {
+            continue;
+        }
+        const std::string name = child.Attribute("id", "");
+        const std::string value = child.Attribute("value", "");
+        if (name.empty() || value.empty())
+        {
+            Report("An element requires both an id and a value");
+            continue;
+        }
+        elements[name] = value;
+    }
+}
+
+std::string CThemeManager::Element(const std::string& a_name, const std::string& a_default) const
+{
+    const auto themeIter = m_themes.find(m_currentTheme);
+    GFX_ASSERT(themeIter != m_themes.end());
+    const auto element = themeIter->second.find(a_name);
+    return element != themeIter->second.end() ? element->second : a_default;
+}
+
+void CThemeManager::SetTheme(const std::string& a_id)
+{
+    if (m_themes.count(a_id) != 0)
+    {
+        m_currentTheme = a_id;
+        StaticSingleton<CWidgetManager>::ref().UpdateStyle();
+    }
+}
+
+} // namespace Gfx::Managers

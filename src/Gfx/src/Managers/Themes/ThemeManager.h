@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Core/IO/XMLNode.h"
+#include "Core/StaticSingleton.h"
+
+#include <map>
+#include <string>
+
+namespace Gfx::Managers
+{
+
+/// Named style elements, such as colours and names of texture elements, by theme: Configuration/ThemeConfig.xml below
+/// the data directory.
+///
+/// \code{.xml}
+/// <Themes default="Day">
+///   <Theme id="Day">
+///     <Element id="TextColour" value="Black"/>
+///   </Theme>
+/// </Themes>
+/// \endcode
+///
+/// What a value stands for is the business of whoever asks for it. The file is required, and has to define the theme
+/// that it makes the default one, or at least one theme; without, the process ends.
+class GFX_API CThemeManager
+{
+public:
+    /// a_basePath is the data directory, with a separator at its end. Bad nodes are logged and left out.
+    void Initialise(const std::string& a_basePath);
+
+    /// The value of a_name in the current theme; a_default if it has none. Other themes aren't asked.
+    [[nodiscard]] std::string Element(const std::string& a_name, const std::string& a_default) const;
+
+    /// Makes a_id the current theme, and every widget read its style anew, even if it is current already. Does nothing
+    /// if there is no such theme.
+    void SetTheme(const std::string& a_id);
+
+    [[nodiscard]] const std::string& GetTheme() const { return m_currentTheme; }
+
+private:
+    using ElementMap = std::map<std::string, std::string>;
+
+    void ReadTheme(const Core::IO::XMLNode& a_theme);
+
+    std::string m_configurationPath;
+    std::string m_defaultTheme;
+    std::string m_currentTheme;
+    std::map<std::string, ElementMap> m_themes;
+};
+
+} // namespace Gfx::Managers
+
+extern template class GFX_API Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>;
