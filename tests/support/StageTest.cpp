@@ -8,6 +8,7 @@
 #include <GL/gl.h>
 #include <clutter/clutter.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <utility>
@@ -101,6 +102,10 @@ Gfx::CColour CPicture::At(int a_x, int a_y) const
 
 int CPicture::CountDifferences(const CPicture& a_other) const
 {
+    if (m_width != a_other.m_width || m_height != a_other.m_height)
+    {
+        return std::max(m_width * m_height, 1);
+    }
     int differences = 0;
     for (int y = 0; y < m_height; ++y)
     {
@@ -110,6 +115,46 @@ int CPicture::CountDifferences(const CPicture& a_other) const
         }
     }
     return differences;
+}
+
+int CPicture::Count(const Gfx::CColour& a_colour) const
+{
+    int count = 0;
+    for (int y = 0; y < m_height; ++y)
+    {
+        for (int x = 0; x < m_width; ++x)
+        {
+            count += At(x, y) == a_colour ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+std::string CPicture::Extent(const Gfx::CColour& a_colour) const
+{
+    int left = m_width;
+    int top = m_height;
+    int right = 0;
+    int bottom = 0;
+    for (int y = 0; y < m_height; ++y)
+    {
+        for (int x = 0; x < m_width; ++x)
+        {
+            if (At(x, y) == a_colour)
+            {
+                left = std::min(left, x);
+                top = std::min(top, y);
+                right = std::max(right, x + 1);
+                bottom = std::max(bottom, y + 1);
+            }
+        }
+    }
+    if (right == 0)
+    {
+        return "none";
+    }
+    return (Count(a_colour) == (right - left) * (bottom - top) ? "" : "holes in ") + std::to_string(left) + ',' +
+           std::to_string(top) + ' ' + std::to_string(right - left) + " x " + std::to_string(bottom - top);
 }
 
 void CStageTest::SetUpTestSuite()

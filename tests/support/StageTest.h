@@ -52,8 +52,18 @@ public:
         : m_pixels(std::move(a_pixels)), m_width(a_width), m_height(a_height)
     {
     }
+    [[nodiscard]] int Width() const { return m_width; }
+    [[nodiscard]] int Height() const { return m_height; }
     [[nodiscard]] Gfx::CColour At(int a_x, int a_y) const;
+
+    /// How many pixels differ: all of them, and at least one, where the sizes do.
     [[nodiscard]] int CountDifferences(const CPicture& a_other) const;
+
+    [[nodiscard]] int Count(const Gfx::CColour& a_colour) const;
+
+    /// Where a colour is: "x,y width x height" if that is a rectangle of nothing else, "holes in ..." if it isn't;
+    /// "none" if the colour is nowhere.
+    [[nodiscard]] std::string Extent(const Gfx::CColour& a_colour) const;
 
 private:
     std::vector<std::uint8_t> m_pixels;

@@ -3,6 +3,7 @@
 #include "Platform/Clutter/Clutter.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace Platform
 {
@@ -27,11 +28,16 @@ CScissor::CScissor(int a_x, int a_y, int a_width, int a_height)
 {
     End();
     CoglFramebuffer* framebuffer = cogl_get_draw_framebuffer();
-    const int width = std::max(a_width, 0);
-    const int height = std::max(a_height, 0);
-    const auto top = static_cast<long long>(cogl_framebuffer_get_height(framebuffer)) - height - a_y;
-    cogl_framebuffer_push_scissor_clip(framebuffer, a_x, static_cast<int>(std::clamp(top, -1'000'000LL, 1'000'000LL)),
-                                       width, height);
+    // Cogl counts from the top, and adds position and size up without regard to what an int can hold.
+    const std::int64_t windowWidth = cogl_framebuffer_get_width(framebuffer);
+    const std::int64_t windowHeight = cogl_framebuffer_get_height(framebuffer);
+    const auto within = [](std::int64_t a_value, std::int64_t a_limit)
+    { return static_cast<int>(std::clamp(a_value, std::int64_t{0}, a_limit)); };
+    const int left = within(a_x, windowWidth);
+    const int right = within(std::int64_t{a_x} + a_width, windowWidth);
+    const int bottom = within(windowHeight - a_y, windowHeight);
+    const int top = within(windowHeight - a_y - a_height, windowHeight);
+    cogl_framebuffer_push_scissor_clip(framebuffer, left, top, std::max(right - left, 0), std::max(bottom - top, 0));
     s_active = true;
 }
 

@@ -8,6 +8,7 @@
 #include "Platform/Clutter/Clutter.h"
 #include "Platform/Clutter/PaintedGroup.h"
 #include "Widgets/EnhancedGroup.h"
+#include "Widgets/Property.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -27,11 +28,6 @@ using LogLevel = Core::Logging::ELogEventLevel;
 Managers::CWidgetManager& WidgetManager()
 {
     return Core::Patterns::StaticSingleton<Managers::CWidgetManager>::ref();
-}
-
-std::string TextFromBool(bool a_value)
-{
-    return a_value ? "True" : "False";
 }
 
 /// The leading decimal number of a text, cut to the limits of int; 0 where there is none. *a_end is left behind it, or
@@ -194,8 +190,7 @@ bool CWidget::Modal() const
 
 void CWidget::Select()
 {
-    SetSelected(true);
-    if (m_parent != nullptr)
+    if (SetSelected(true) && m_parent != nullptr)
     {
         m_parent->Select();
     }
@@ -203,20 +198,22 @@ void CWidget::Select()
 
 void CWidget::Deselect()
 {
-    SetSelected(false);
-    if (m_parent != nullptr)
+    if (SetSelected(false) && m_parent != nullptr)
     {
         m_parent->Deselect();
     }
 }
 
-void CWidget::SetSelected(bool a_selected)
+bool CWidget::SetSelected(bool a_selected)
 {
+    // An ancestor that is told of a selection is held by nobody on the way.
+    const detail::CWidgetList::CUpwards life(m_children);
     m_selected = a_selected;
     if (m_selectedChangedHandler != nullptr)
     {
         m_selectedChangedHandler->Execute(this, a_selected);
     }
+    return life.IsListAlive();
 }
 
 void CWidget::Invalidate(bool a_recursive)
@@ -407,8 +404,10 @@ void CWidget::DestroyFoundChild(const WidgetPtr& a_child)
 {
     if (a_child)
     {
+        const detail::CWidgetList::CUpwards life(m_children);
         WidgetManager().DestroyWidget(a_child.Get());
-        if (m_children.Remove(a_child.Get()))
+        // A press or a selection that this has ended may have been the last to hold this widget.
+        if (life.IsListAlive() && m_children.Remove(a_child.Get()))
         {
             Orphan(*a_child);
         }
@@ -488,7 +487,7 @@ void CWidget::SetProperty(const std::string& a_name, const std::string& a_value)
 {
     if (a_name == "Visible")
     {
-        SetShowHide(a_value == "True");
+        SetShowHide(IsTrue(a_value));
     }
     else if (a_name == "Opacity")
     {

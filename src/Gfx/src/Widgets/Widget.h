@@ -243,6 +243,12 @@ public:
 protected:
     void SetCustomInfo(const std::string& a_name, const std::string& a_value);
 
+    /// Queues a redraw as Invalidate(false) of this class does, for what changes no layout.
+    void QueueRedraw();
+
+    /// White, with the widget's opacity as alpha.
+    [[nodiscard]] const CColour& TransparencyColour() const { return m_transparencyColour; }
+
     /// The children, from back to front.
     [[nodiscard]] const detail::CWidgetList& Children() const { return m_children; }
 
@@ -254,9 +260,8 @@ private:
     void Adopt(const WidgetPtr& a_child);
     void Orphan(CWidget& a_child);
     void SetEnabled(bool a_enabled);
-    void SetSelected(bool a_selected);
-    void QueueRedraw();
-
+    /// False if the handler has destroyed the widget.
+    [[nodiscard]] bool SetSelected(bool a_selected);
     /// Puts back what DestroyWidget has hidden, when a destroyed widget that was kept alive comes into use again.
     void Revive();
 

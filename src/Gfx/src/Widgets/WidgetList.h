@@ -32,6 +32,9 @@ public:
         /// The next widget; empty at the end, or when the list has died meanwhile.
         [[nodiscard]] WidgetPtr Next();
 
+        /// False once the list, and with it the widget whose children it holds, has died.
+        [[nodiscard]] bool IsListAlive() const { return m_list != nullptr; }
+
     protected:
         enum class EDirection
         {

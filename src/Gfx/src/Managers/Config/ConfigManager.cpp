@@ -13,8 +13,8 @@ void CConfigManager::Initialise(const std::string& a_basePath)
     m_configurationPath = a_basePath + "Configuration/";
     if (!Parse(m_configurationPath + "GfxConfig.xml"))
     {
-        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-            Core::Logging::elMessage, "CConfigManager", "%s", "Unable to load GfxConfig.xml");
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CConfigManager",
+                                                                           "%s", "Unable to load GfxConfig.xml");
     }
     m_clipText = Get<std::string>("/Gfx/General/ClipText", "No") == "Yes";
 }

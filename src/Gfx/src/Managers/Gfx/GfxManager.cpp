@@ -1,8 +1,6 @@
 #include "Managers/Gfx/GfxManager.h"
 
 #include <algorithm>
-#include <memory>
-#include <utility>
 
 template class Core::Patterns::StaticSingleton<Gfx::Managers::CGfxManager>;
 
@@ -31,11 +29,13 @@ void CGfxManager::Idle()
             handler->Execute();
         }
     }
-    for (IdleHandler* removed : std::exchange(m_handlersToRemove, {}))
+    // This list too may grow meanwhile, by a handler's destructor, which may even name that handler again.
+    for (IdleHandler* removed : m_handlersToRemove)
     {
         m_idleHandlers.remove(removed);
         delete removed;
     }
+    m_handlersToRemove.clear();
 }
 
 void CGfxManager::AddIdleHandler(IdleHandler* a_handler)

@@ -43,8 +43,8 @@ public:
     /// Registers a handler, unless it is registered. It must live until it is removed.
     void AddIdleHandler(IdleHandler* a_handler);
 
-    /// Gives a_handler up, registered or not: it is called no more after the round that is running, and deleted at
-    /// the end of that round or of the next. A handler may remove itself.
+    /// Gives a_handler up, registered or not: it is called to the end of the round that is running, or else of the
+    /// next one, and deleted then. A handler may remove itself.
     void RemoveIdleHandler(IdleHandler* a_handler);
 
     /// Gives an event to the widgets as if a device had sent it; a_x and a_y are in stage coordinates, a_remote marks

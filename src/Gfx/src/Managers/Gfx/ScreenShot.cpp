@@ -2,12 +2,13 @@
 #include "Platform/Clutter/Frame.h"
 #include "Platform/GL/GL.h"
 
+#include <png.h>
+
 #include <array>
 #include <csetjmp>
 #include <cstddef>
 #include <cstdio>
 #include <memory>
-#include <png.h>
 #include <vector>
 
 namespace Gfx::Managers

@@ -27,7 +27,9 @@ void CWidgetManager::MouseEvent(Events::EMouseEvent a_event, int a_buttons, cons
                                 bool a_remote)
 {
     const SPointerEvent event{a_event, a_buttons, a_point, a_remote};
-    const WidgetPtr target = FindTarget(event.point);
+    // Held to the end of the event, as the target is: handlers may destroy either.
+    const WidgetPtr modal = GetModalWidget();
+    const WidgetPtr target = FindTarget(event.point, modal);
     CarryOnDrag(event);
     if (target)
     {
@@ -43,21 +45,21 @@ void CWidgetManager::MouseEvent(Events::EMouseEvent a_event, int a_buttons, cons
     }
 }
 
-CWidgetManager::WidgetPtr CWidgetManager::FindTarget(const Common::CPoint& a_point) const
+CWidgetManager::WidgetPtr CWidgetManager::FindTarget(const Common::CPoint& a_point, const WidgetPtr& a_modal) const
 {
     const int half = m_touchArea / 2;
     const Common::CPoint corner = a_point - Common::CPoint(half, half) - Common::CPoint(0, m_touchOffset);
     const Common::CAABB box(corner.X(), corner.Y(), m_touchArea, m_touchArea);
-    if (const WidgetPtr modal = GetModalWidget())
+    if (a_modal)
     {
-        if (!modal->AABB().Intersects(box))
+        if (!a_modal->AABB().Intersects(box))
         {
             return {};
         }
-        const WidgetPtr child = modal->FindIntersectingChild(box);
-        return child ? child : modal;
+        const WidgetPtr child = a_modal->FindIntersectingChild(box);
+        return child ? child : a_modal;
     }
-    return Widgets::detail::CHitTest::FindBest(m_widgets, box);
+    return Widgets::detail::CHitTest::FindBest(m_widgets, nullptr, box);
 }
 
 void CWidgetManager::CarryOnDrag(const SPointerEvent& a_event)

@@ -47,8 +47,8 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
     if (!a_widget || stage == nullptr)
     {
         StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::ELogEventLevel{3}, "CWidgetManager",
-                                                           "Can't add %s", a_widget ? "a widget without a stage"
-                                                                                    : "a null widget");
+                                                           "Can't add %s",
+                                                           a_widget ? "a widget without a stage" : "a null widget");
         return;
     }
     if (m_widgets.Find(a_widget.Get()))
@@ -70,6 +70,11 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
     a_widget->UpdateStyle();
     a_widget->Select();
     a_widget->Invalidate(true);
+    // The handlers that have just run may have destroyed it, or given it to a parent.
+    if (a_widget->m_destroyed || a_widget->Parent() != nullptr)
+    {
+        return;
+    }
     m_selectedWidget = a_widget;
     if (!m_widgets.Find(a_widget.Get()))
     {

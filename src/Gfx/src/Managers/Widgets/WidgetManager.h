@@ -132,7 +132,7 @@ private:
     [[nodiscard]] WidgetPtr FindTopLevel(const std::string& a_name) const;
     void ChangeSelection(const WidgetPtr& a_widget);
 
-    [[nodiscard]] WidgetPtr FindTarget(const Common::CPoint& a_point) const;
+    [[nodiscard]] WidgetPtr FindTarget(const Common::CPoint& a_point, const WidgetPtr& a_modal) const;
     void CarryOnDrag(const SPointerEvent& a_event);
     void Dispatch(const SPointerEvent& a_event, const WidgetPtr& a_target);
     void DispatchToNothing(const SPointerEvent& a_event);
