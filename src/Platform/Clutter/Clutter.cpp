@@ -93,8 +93,11 @@ CoglHandle cogl_texture_new_from_file(const char* a_path, gint, gboolean, CoglPi
 CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint, gboolean, CoglPixelFormat a_format,
                                       CoglPixelFormat a_internalFormat, guint a_rowStride, const guchar* a_data)
 {
+    // Left to choose, Cogl would store alpha alone as black pixels.
+    const bool isAlphaAlone = a_format == COGL_PIXEL_FORMAT_A_8 && a_internalFormat == COGL_PIXEL_FORMAT_ANY;
     return cogl_texture_new_from_data(static_cast<int>(a_width), static_cast<int>(a_height), COGL_TEXTURE_NONE,
-                                      a_format, a_internalFormat, static_cast<int>(a_rowStride), a_data);
+                                      a_format, isAlphaAlone ? a_format : a_internalFormat,
+                                      static_cast<int>(a_rowStride), a_data);
 }
 
 void cogl_texture_release(CoglHandle a_texture)

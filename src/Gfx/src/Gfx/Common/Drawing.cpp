@@ -16,6 +16,25 @@ void DrawTexturedQuads(const std::vector<STexturedQuad>& a_quads, void* a_textur
                                      static_cast<guint>(a_quads.size()));
 }
 
+void SetColour(const CColour& a_colour)
+{
+    const ClutterColor colour = a_colour.AsClutterColour();
+    cogl_color(&colour);
+}
+
+STexturedQuad WholeTexture(const Common::CAABB& a_rectangle)
+{
+    constexpr CoglFixed whole = 0x10000;
+    return {clutter_double_to_fixed(a_rectangle.Left()),
+            clutter_double_to_fixed(a_rectangle.Top()),
+            clutter_double_to_fixed(a_rectangle.Right()),
+            clutter_double_to_fixed(a_rectangle.Bottom()),
+            0,
+            0,
+            whole,
+            whole};
+}
+
 void FillRectangle(const Common::CAABB& a_rectangle, const CColour& a_colour)
 {
     const ClutterColor current = cogl_current_color();

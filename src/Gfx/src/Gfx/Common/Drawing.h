@@ -14,6 +14,12 @@ namespace Gfx::Utilities
 /// positions are relative to its corner. The texture is a Cogl handle and stays the caller's.
 GFX_API void DrawTexturedQuads(const std::vector<STexturedQuad>& a_quads, void* a_texture);
 
+/// Makes a_colour the current colour, which modulates what is drawn after it. To be called while a widget paints.
+GFX_API void SetColour(const CColour& a_colour);
+
+/// A quad that shows a whole texture in a rectangle.
+[[nodiscard]] GFX_API STexturedQuad WholeTexture(const Common::CAABB& a_rectangle);
+
 /// Fills a rectangle, given in the widget's own coordinates, with a_colour times the current colour: so it is as
 /// transparent as the widget is. To be called while a widget paints.
 GFX_API void FillRectangle(const Common::CAABB& a_rectangle, const CColour& a_colour);

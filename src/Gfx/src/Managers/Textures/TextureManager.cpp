@@ -3,6 +3,7 @@
 #include "Core/IO/XMLDocument.h"
 #include "Core/LexicalCast.h"
 #include "Core/Logging/Logger.h"
+#include "Gfx/Common/Drawing.h"
 #include "Managers/Textures/ImageFile.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Platform/Clutter/Clutter.h"
@@ -19,8 +20,6 @@ using Core::Patterns::StaticSingleton;
 
 namespace
 {
-
-constexpr CoglFixed k_fixedOne = 0x10000;
 
 template <typename... Args>
 void Report(const std::string& a_source, const std::string& a_format, const Args&... a_arguments)
@@ -39,14 +38,6 @@ bool IsWithin(int a_start, int a_length, int a_pageLength)
 {
     const std::int64_t end = std::int64_t{a_start} + a_length;
     return a_start >= 0 && a_start < a_pageLength && end >= 0 && end <= a_pageLength;
-}
-
-/// A quad that shows a whole texture.
-STexturedQuad WholeTexture(int a_x, int a_y, int a_width, int a_height)
-{
-    const auto fixed = [](std::int64_t a_pixels) { return clutter_double_to_fixed(static_cast<double>(a_pixels)); };
-    return {fixed(a_x), fixed(a_y), fixed(std::int64_t{a_x} + a_width), fixed(std::int64_t{a_y} + a_height), 0, 0,
-            k_fixedOne, k_fixedOne};
 }
 
 /// The first page, in the order of the file, that has what the theme makes of a name; null if there is none.
@@ -195,7 +186,7 @@ bool CTextureManager::LoadDataAsTexture(const unsigned char* a_data, int a_width
         Report("CTextureManager::LoadDataAsTexture", "Error loading texture from data.");
         return false;
     }
-    a_quads.assign(1, WholeTexture(0, 0, a_width, a_height));
+    a_quads.assign(1, Utilities::WholeTexture({0, 0, a_width, a_height}));
     return true;
 }
 
@@ -207,7 +198,7 @@ bool CTextureManager::LoadFileAsTexture(const std::string& a_file, int a_x, int 
     {
         return false;
     }
-    a_quads.assign(1, WholeTexture(a_x, a_y, a_width, a_height));
+    a_quads.assign(1, Utilities::WholeTexture({a_x, a_y, a_width, a_height}));
     return true;
 }
 

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Gfx/Text/FontSettings.h"
+#include "Gfx/Text/LocalisedText.h"
+#include "Widgets/DebugLocaleLabel.h"
+#include "Widgets/TextActor.h"
+#include "Widgets/TextureLayer.h"
+#include "Widgets/Widget.h"
+
+#include <string>
+
+namespace Gfx::Widgets
+{
+
+/// A piece of text, on a stretched background if that is switched on. The text is a literal, or the key of a localised
+/// one behind "Localised:".
+///
+/// Text lies in the widget by the font's alignment, within at most 8 pixels of each border of the background. With
+/// autoSize the widget follows the size of its text, which then lies at the top left.
+///
+/// Properties: "Text", "Background", "ParseMarkup", "BackgroundTexture".
+///
+/// Configuration: `/Gfx/Controls/Label/Textures/Background/Raised` ("Panel_Up") and `Lowered` ("Panel_Down"),
+/// `/Gfx/Controls/Label/Style/HasBackground` ("No"), and the font's keys.
+class GFX_API CLabel : public CWidget
+{
+public:
+    /// a_wrap breaks lines at the widget's width; with a_parseMarkup the text is Pango markup; a_raised chooses between
+    /// the two backgrounds of the configuration.
+    CLabel(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_wrap, bool a_autoSize,
+           bool a_parseMarkup, const std::string& a_text, bool a_raised);
+
+    void LoadTextures();
+
+    /// The key of a localised text, or else the text.
+    [[nodiscard]] std::string Text() const { return m_text.Id(); }
+
+    /// Does nothing if it is the text already, prefix and all.
+    void Text(const std::string& a_text);
+
+    [[nodiscard]] const Text::CFontSettings& Font() const { return m_font; }
+
+    /// With autoSize, the alignment becomes top and left.
+    void Font(const Text::CFontSettings& a_font);
+
+    [[nodiscard]] bool ParseMarkup() const { return m_parseMarkup; }
+    void ParseMarkup(bool a_parse);
+
+    [[nodiscard]] bool Background() const { return m_hasBackground; }
+    void Background(bool a_background);
+
+    [[nodiscard]] std::string BackgroundTexture() const { return m_background.Element(); }
+    void BackgroundTexture(const std::string& a_element);
+
+    void DrawSelf() const override;
+    void Resize(int a_width, int a_height) override;
+    void SetProperty(const std::string& a_name, const std::string& a_value) override;
+    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
+    void UpdateLocalisedText() override;
+    void UpdateStyle() override;
+    void UpdateCustomInfo() override;
+
+private:
+    void UpdateLabelPosition();
+    [[nodiscard]] STextMargins BackgroundMargins() const;
+
+    CDebugLocaleLabel m_debugLabel;
+    CTextActor m_label;
+    Text::CFontSettings m_font;
+    bool m_wrap;
+    bool m_autoSize;
+    bool m_parseMarkup;
+    bool m_hasBackground = false;
+    CTextureLayer m_background;
+    Text::CLocalisedText m_text;
+};
+
+} // namespace Gfx::Widgets

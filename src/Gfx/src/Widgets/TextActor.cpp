@@ -1,0 +1,181 @@
+#include "Widgets/TextActor.h"
+
+#include "Gfx/Common/Alignment.h"
+#include "Platform/Clutter/Label.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace Gfx::Widgets
+{
+
+namespace
+{
+
+/// Far outside any display, and yet near enough for the scene graph's own arithmetic.
+constexpr std::uint32_t k_farAway = 1'000'000;
+
+/// Half of what a text leaves of the room for it, from a_start on.
+int Centred(int a_start, std::int64_t a_spare, ECentring a_centring)
+{
+    const std::int64_t half = a_centring == ECentring::Truncating
+                                  ? a_spare / 2
+                                  : std::min(static_cast<std::uint32_t>(a_spare) >> 1U, k_farAway);
+    return Common::detail::Saturated(half + a_start);
+}
+
+ClutterLabel* Label(ClutterActor* a_actor)
+{
+    return CLUTTER_LABEL(a_actor);
+}
+
+STextSize WholePixels(float a_width, float a_height)
+{
+    return {static_cast<int>(a_width), static_cast<int>(a_height)};
+}
+
+} // namespace
+
+Common::CPoint PlaceText(const STextSize& a_box, const STextSize& a_text, const STextMargins& a_margins,
+                         int a_alignment, ECentring a_centring)
+{
+    const std::int64_t spareWidth = std::int64_t{a_box.width} - a_text.width;
+    const std::int64_t spareHeight = std::int64_t{a_box.height} - a_text.height;
+    Common::CPoint place;
+    switch (a_alignment & eaHorizontalMask)
+    {
+    case eaLeft: place.X(a_margins.left); break;
+    case eaRight: place.X(Common::detail::Saturated(spareWidth - a_margins.right)); break;
+    default: place.X(Centred(a_margins.left, spareWidth - a_margins.right - a_margins.left, a_centring)); break;
+    }
+    switch (a_alignment & eaVerticalMask)
+    {
+    case eaTop: place.Y(a_margins.top); break;
+    case eaBottom: place.Y(Common::detail::Saturated(spareHeight - a_margins.right)); break;
+    default: place.Y(Centred(a_margins.top, spareHeight - a_margins.top - a_margins.bottom, a_centring)); break;
+    }
+    return place;
+}
+
+CTextActor::~CTextActor()
+{
+    Destroy();
+}
+
+void CTextActor::Create(ClutterActor* a_group, const Text::CFontSettings& a_font, const std::string& a_text)
+{
+    Destroy();
+    const ClutterColor colour = a_font.colour.AsClutterColour();
+    m_actor =
+        CLUTTER_ACTOR(g_object_ref_sink(clutter_label_new_full(a_font.AsString().c_str(), a_text.c_str(), &colour)));
+    clutter_container_add_actor(CLUTTER_CONTAINER(a_group), m_actor);
+}
+
+void CTextActor::Destroy()
+{
+    if (m_actor != nullptr)
+    {
+        clutter_actor_destroy(m_actor);
+        g_object_unref(m_actor);
+        m_actor = nullptr;
+    }
+}
+
+void CTextActor::SetText(const std::string& a_text)
+{
+    clutter_label_set_text(Label(m_actor), a_text.c_str());
+}
+
+void CTextActor::SetFont(const Text::CFontSettings& a_font)
+{
+    SetFontName(a_font.AsString());
+    SetColour(a_font.colour);
+}
+
+void CTextActor::SetFontName(const std::string& a_description)
+{
+    clutter_label_set_font_name(Label(m_actor), a_description.c_str());
+}
+
+void CTextActor::SetColour(const CColour& a_colour)
+{
+    const ClutterColor colour = a_colour.AsClutterColour();
+    clutter_label_set_color(Label(m_actor), &colour);
+}
+
+void CTextActor::UseMarkup(bool a_use)
+{
+    clutter_label_set_use_markup(Label(m_actor), a_use ? TRUE : FALSE);
+}
+
+void CTextActor::WrapLines(bool a_wrap)
+{
+    clutter_label_set_line_wrap(Label(m_actor), a_wrap ? TRUE : FALSE);
+}
+
+void CTextActor::SetEllipsisMode(Text::EEllipsisMode a_mode)
+{
+    static_assert(static_cast<int>(Text::eemEnd) == static_cast<int>(PANGO_ELLIPSIZE_END));
+    clutter_label_set_ellipsize(Label(m_actor), static_cast<PangoEllipsizeMode>(a_mode));
+}
+
+Text::EEllipsisMode CTextActor::EllipsisMode() const
+{
+    return static_cast<Text::EEllipsisMode>(clutter_label_get_ellipsize(Label(m_actor)));
+}
+
+void CTextActor::AlignLines(int a_alignment)
+{
+    PangoAlignment alignment = PANGO_ALIGN_LEFT;
+    bool justify = false;
+    switch (a_alignment & eaHorizontalMask)
+    {
+    case eaLeft: break;
+    case eaCentre: alignment = PANGO_ALIGN_CENTER; break;
+    case eaRight: alignment = PANGO_ALIGN_RIGHT; break;
+    default: justify = true; break;
+    }
+    clutter_label_set_justify(Label(m_actor), justify ? TRUE : FALSE);
+    clutter_label_set_alignment(Label(m_actor), alignment);
+}
+
+void CTextActor::SetWidth(int a_width)
+{
+    clutter_actor_set_width(m_actor, static_cast<float>(a_width));
+}
+
+void CTextActor::SetSize(int a_width, int a_height)
+{
+    clutter_actor_set_size(m_actor, static_cast<float>(a_width), static_cast<float>(a_height));
+}
+
+STextSize CTextActor::Size() const
+{
+    float width = 0;
+    float height = 0;
+    clutter_actor_get_size(m_actor, &width, &height);
+    return WholePixels(width, height);
+}
+
+STextSize CTextActor::PreferredSize() const
+{
+    float width = 0;
+    float height = 0;
+    clutter_actor_get_preferred_size(m_actor, &width, &height, nullptr, nullptr);
+    return WholePixels(width, height);
+}
+
+void CTextActor::MoveTo(const Common::CPoint& a_position)
+{
+    clutter_actor_set_position(m_actor, static_cast<float>(a_position.X()), static_cast<float>(a_position.Y()));
+}
+
+Common::CPoint CTextActor::Position() const
+{
+    float x = 0;
+    float y = 0;
+    clutter_actor_get_position(m_actor, &x, &y);
+    return {static_cast<int>(x), static_cast<int>(y)};
+}
+
+} // namespace Gfx::Widgets

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Gfx/Common/Point.h"
+#include "Gfx/Text/FontSettings.h"
+
+#include <string>
+
+typedef struct _ClutterActor ClutterActor;
+
+namespace Gfx::Widgets
+{
+
+/// How much of a widget's box a text is kept out of, at each side, in pixels.
+struct STextMargins
+{
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+/// How the room that a text leaves is halved when it is centred.
+enum class ECentring
+{
+    /// Towards zero: a text that is too large sticks out at both sides.
+    Truncating,
+    /// As an unsigned number: a text that is too large lands far outside the widget, and isn't seen.
+    Unsigned
+};
+
+struct STextSize
+{
+    int width = 0;
+    int height = 0;
+};
+
+/// Where a text of a_text lies in a box of a_box, by a packed alignment. A text at the bottom keeps the right margin's
+/// distance from the edge, not the bottom one's: layouts are made for it.
+[[nodiscard]] GFX_API Common::CPoint PlaceText(const STextSize& a_box, const STextSize& a_text,
+                                               const STextMargins& a_margins, int a_alignment, ECentring a_centring);
+
+/// The text of a control: an actor in the control's group.
+class GFX_API CTextActor
+{
+public:
+    CTextActor() = default;
+    /// Takes the text off the screen.
+    ~CTextActor();
+    CTextActor(const CTextActor&) = delete;
+    CTextActor& operator=(const CTextActor&) = delete;
+
+    /// Makes the actor in a_group, which is a widget's. The font's alignment is without effect here.
+    void Create(ClutterActor* a_group, const Text::CFontSettings& a_font, const std::string& a_text);
+    void Destroy();
+    [[nodiscard]] bool Exists() const { return m_actor != nullptr; }
+    [[nodiscard]] ClutterActor* Actor() const { return m_actor; }
+
+    void SetText(const std::string& a_text);
+    void SetFont(const Text::CFontSettings& a_font);
+    /// a_description is a Pango font description.
+    void SetFontName(const std::string& a_description);
+    void SetColour(const CColour& a_colour);
+    void UseMarkup(bool a_use);
+    void WrapLines(bool a_wrap);
+    void SetEllipsisMode(Text::EEllipsisMode a_mode);
+    [[nodiscard]] Text::EEllipsisMode EllipsisMode() const;
+
+    /// Lines beside one another as the horizontal part of a packed alignment says; anything but left, centre and right
+    /// is justified.
+    void AlignLines(int a_alignment);
+
+    /// A width or height of -1 is the text's own.
+    void SetWidth(int a_width);
+    void SetSize(int a_width, int a_height);
+    /// The size that was set, or else the text's own.
+    [[nodiscard]] STextSize Size() const;
+    /// What the text needs, in whole pixels.
+    [[nodiscard]] STextSize PreferredSize() const;
+
+    void MoveTo(const Common::CPoint& a_position);
+    [[nodiscard]] Common::CPoint Position() const;
+
+private:
+    /// A reference, so that it is valid even if the group has been destroyed under it.
+    ClutterActor* m_actor = nullptr;
+};
+
+} // namespace Gfx::Widgets

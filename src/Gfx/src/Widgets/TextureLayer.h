@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Core/Api.h"
+#include "Gfx/Common/AABB.h"
+#include "Gfx/Common/Margins.h"
+#include "Gfx/Common/TexturedQuad.h"
+
+#include <string>
+#include <vector>
+
+namespace Gfx::Widgets
+{
+
+/// One layer of a control's picture: an element of a texture page, stretched over a rectangle of the control. The quads
+/// are made when Retrieve() says so, and drawn by one call.
+class GFX_API CTextureLayer
+{
+public:
+    CTextureLayer() = default;
+    ~CTextureLayer();
+    CTextureLayer(const CTextureLayer&) = delete;
+    CTextureLayer& operator=(const CTextureLayer&) = delete;
+
+    /// Makes the quads anew, through the current theme. An element that isn't known, or whose page can't be loaded,
+    /// leaves a layer that is not valid and draws nothing.
+    bool Retrieve(const Common::CAABB& a_rectangle);
+
+    /// The same for an image file, whose path is used as it stands. The layer keeps the image, and loads it again only
+    /// when the path has changed or the texture was dropped.
+    bool RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle);
+
+    /// Draws the layer if it is valid, in the current colour. Called while the control paints.
+    void Draw() const;
+
+    /// Whether the last retrieval has succeeded.
+    [[nodiscard]] bool IsValid() const { return m_valid; }
+
+    /// Whether quads are at hand. What has been dropped is to be retrieved again.
+    [[nodiscard]] bool HasTexture() const { return m_texture != nullptr; }
+    void DropTexture();
+
+    /// The width of one of the element's borders, in pixels; 0 if it isn't known.
+    [[nodiscard]] int Margin(Margins::EMargin a_margin) const;
+
+    [[nodiscard]] const std::string& Element() const { return m_element; }
+    void Element(const std::string& a_element) { m_element = a_element; }
+
+private:
+    std::string m_element;
+    std::vector<STexturedQuad> m_quads;
+    void* m_texture = nullptr;
+    bool m_valid = false;
+    /// The file that the texture was loaded from; then it is the layer's own, and otherwise its page's.
+    std::string m_file;
+};
+
+} // namespace Gfx::Widgets
