@@ -10,6 +10,8 @@ function(gfx_target_defaults a_target)
     if(GFX_SANITISE)
         target_compile_options(${a_target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer)
+        # Through instrumented code GCC no longer sees what is set, and warns of the standard library's own.
+        target_compile_options(${a_target} PRIVATE -Wno-maybe-uninitialized)
         target_link_options(${a_target} PRIVATE -fsanitize=address,undefined)
     endif()
 endfunction()

@@ -27,8 +27,8 @@ GObjectClass* s_parentClass = nullptr;
 std::string Displayable(const std::string& a_text)
 {
     const std::size_t length = std::min(a_text.size(), k_longestLabelText);
-    const std::unique_ptr<char, void (*)(void*)> valid(
-        g_utf8_make_valid(a_text.c_str(), static_cast<gssize>(length)), g_free);
+    const std::unique_ptr<char, void (*)(void*)> valid(g_utf8_make_valid(a_text.c_str(), static_cast<gssize>(length)),
+                                                       g_free);
     return valid.get();
 }
 

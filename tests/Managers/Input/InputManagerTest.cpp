@@ -74,10 +74,26 @@ protected:
     CInputManager& input = StaticSingleton<CInputManager>::ref();
 };
 
-TEST_F(InputManagerTest, APressADragAndAReleaseReachTheWidgetOnce)
+TEST_F(InputManagerTest, TheStageIsListenedToOnce)
 {
     // The fixture has connected it already.
     input.ConnectClutter();
+    ClutterActor* stage = clutter_stage_get_default();
+    const guint signal = g_signal_lookup("motion-event", CLUTTER_TYPE_STAGE);
+    const auto find = [&]
+    {
+        constexpr auto k_mask = GSignalMatchType(G_SIGNAL_MATCH_ID | G_SIGNAL_MATCH_UNBLOCKED);
+        return g_signal_handler_find(stage, k_mask, signal, 0, nullptr, nullptr, nullptr);
+    };
+    const gulong handler = find();
+    ASSERT_NE(handler, 0U);
+    g_signal_handler_block(stage, handler);
+    EXPECT_EQ(find(), 0U);
+    g_signal_handler_unblock(stage, handler);
+}
+
+TEST_F(InputManagerTest, APressADragAndAReleaseReachTheWidget)
+{
     EXPECT_TRUE(Button(true, 10, 20));
     EXPECT_EQ(TakeLog(), "w:Move(0;10,20) w:FirstDown(1;10,20) ");
     EXPECT_TRUE(Motion(11, 22));

@@ -15,7 +15,6 @@ namespace
 using namespace Gfx::Events;
 using Gfx::Widgets::CWidget;
 using GfxTest::CRecordingWidget;
-using GfxTest::RecorderPtr;
 using GfxTest::WidgetPtr;
 
 /// Handlers that pull the rug from under the dispatch; the sanitizers watch.

@@ -57,11 +57,16 @@ void DrawWidget(void* a_widget)
     static_cast<const CWidget*>(a_widget)->Draw();
 }
 
-/// Whether a handler that may refuse, if there is one, agrees.
+/// Whether a handler that may refuse, if there is one, agrees, and the widget that has a_children has lived through it.
 template <typename HandlerT, typename... ArgumentTs>
-bool Agrees(HandlerT* a_handler, ArgumentTs&&... a_arguments)
+bool Agrees(const detail::CWidgetList& a_children, HandlerT* a_handler, ArgumentTs&&... a_arguments)
 {
-    return a_handler == nullptr || a_handler->Execute(std::forward<ArgumentTs>(a_arguments)...);
+    if (a_handler == nullptr)
+    {
+        return true;
+    }
+    const detail::CWidgetList::CUpwards life(a_children);
+    return a_handler->Execute(std::forward<ArgumentTs>(a_arguments)...) && life.IsListAlive();
 }
 
 } // namespace
@@ -144,7 +149,7 @@ void CWidget::Hide()
     {
         clutter_actor_hide(actor);
     }
-    if (!Agrees(m_visibilityChangedHandler, this, false))
+    if (!Agrees(m_children, m_visibilityChangedHandler, this, false))
     {
         return;
     }
@@ -165,7 +170,7 @@ void CWidget::Show()
     {
         clutter_actor_show(actor);
     }
-    if (!Agrees(m_visibilityChangedHandler, this, true))
+    if (!Agrees(m_children, m_visibilityChangedHandler, this, true))
     {
         return;
     }
@@ -264,7 +269,7 @@ void CWidget::Move(const Common::CPoint& a_topLeft)
 {
     // The handler may change what the argument refers to.
     const Common::CPoint topLeft = a_topLeft;
-    if (!Agrees(m_moveHandler, this, topLeft))
+    if (!Agrees(m_children, m_moveHandler, this, topLeft))
     {
         return;
     }
@@ -278,7 +283,7 @@ void CWidget::Move(const Common::CPoint& a_topLeft)
 
 void CWidget::Resize(int a_width, int a_height)
 {
-    if (!Agrees(m_resizeHandler, this, a_width, a_height))
+    if (!Agrees(m_children, m_resizeHandler, this, a_width, a_height))
     {
         return;
     }
@@ -608,7 +613,7 @@ void CWidget::Disable()
 
 void CWidget::SetEnabled(bool a_enabled)
 {
-    if (m_enabled == a_enabled || !Agrees(m_enabledChangedHandler, this, a_enabled))
+    if (m_enabled == a_enabled || !Agrees(m_children, m_enabledChangedHandler, this, a_enabled))
     {
         return;
     }
