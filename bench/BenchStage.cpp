@@ -48,7 +48,7 @@ void SetUpStage()
     auto& logger = StaticSingleton<Core::Logging::CLogger>::ref();
     logger.Configure(Core::Logging::ELogEventLevel{4}, Core::Logging::ELogEventLevel{4}, false, "");
     CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
-    Require(gfx.Setup("", "benchmark", {0, 0}, 800, 480, 0, nullptr, Gfx::Colours::Black), "no display");
+    Require(gfx.Setup(GFX_BENCH_DATA, "benchmark", {0, 0}, 800, 480, 0, nullptr, Gfx::Colours::Black), "no display");
     g_signal_connect(gfx.GetStage(), "after-paint", G_CALLBACK(CountFrame), nullptr);
     clutter_actor_show(gfx.GetStage());
     // The scene graph repaints nothing but whole stages until a while after the last change of the stage's size.

@@ -57,6 +57,13 @@ public:
         return path.string();
     }
 
+    /// Writes what a start can't do without: a theme, and a table of textures, both empty.
+    void WriteRequiredFiles() const
+    {
+        Write("Configuration/ThemeConfig.xml", R"(<Themes><Theme id="Plain"/></Themes>)");
+        Write("TextureMaps/TextureConfig.xml", "<Textures/>");
+    }
+
 private:
     std::string m_path;
 };

@@ -57,6 +57,7 @@ bool SetUpIn(const std::string& a_basePath)
 
 bool SetUpWith(const CTemporaryDirectory& a_directory, const std::string& a_general)
 {
+    a_directory.WriteRequiredFiles();
     a_directory.Write("Configuration/GfxConfig.xml", "<Gfx><General>" + a_general + "</General></Gfx>");
     return SetUpIn(a_directory.Path());
 }
@@ -70,6 +71,7 @@ void StartOrdinarily()
         { s_lines.push_back(std::to_string(a_level) + ' ' + a_source + ": " + a_message); });
     EXPECT_TRUE(SetUpIn(GFX_TEST_DATA));
     EXPECT_THAT(s_lines, ElementsAre("3 Gfx: Initialising clutter", "3 Gfx: Initialising configuration",
+                                     "3 Gfx: Initialising theme manager", "3 Gfx: Initialising texture manager",
                                      "3 Gfx: Initialising complete"));
     ClutterActor* stage = Manager().GetStage();
     EXPECT_STREQ(clutter_stage_get_title(CLUTTER_STAGE(stage)), "title");
@@ -142,9 +144,11 @@ void StartWithAConfiguration()
     EXPECT_TRUE(Manager().DebugLocaleLabels());
 }
 
-void StartWithoutData()
+void StartWithoutConfiguration()
 {
-    EXPECT_TRUE(SetUpIn("/nonexistent/"));
+    const CTemporaryDirectory directory;
+    directory.WriteRequiredFiles();
+    EXPECT_TRUE(SetUpIn(directory.Path()));
     EXPECT_THAT(Intervals(), ElementsAre(5000, 50, 100));
     EXPECT_FALSE(Manager().DebugLocaleLabels());
 }
@@ -152,8 +156,13 @@ void StartWithoutData()
 TEST_F(StartupTest, TheTimersHaveTheConfiguredIntervalsOrTheDefaults)
 {
     EXPECT_EXIT(RunToEnd(StartWithAConfiguration), ExitedWithCode(0), "");
-    EXPECT_EXIT(RunToEnd(StartWithoutData), ExitedWithCode(0),
+    EXPECT_EXIT(RunToEnd(StartWithoutConfiguration), ExitedWithCode(0),
                 HasSubstr("3 (CConfigManager) : Unable to load GfxConfig.xml"));
+}
+
+TEST_F(StartupTest, WithoutAThemeTheProcessEnds)
+{
+    EXPECT_DEATH(static_cast<void>(SetUpIn("nonexistent/")), "assertion failed: currentNode");
 }
 
 int s_frames = 0;

@@ -141,6 +141,7 @@ protected:
     static void SetUpTouch(int a_area, int a_offset)
     {
         const CTemporaryDirectory directory;
+        directory.WriteRequiredFiles();
         directory.Write("Configuration/GfxConfig.xml", "<Gfx><General><TouchArea>" + std::to_string(a_area) +
                                                            "</TouchArea><TouchOffset>" + std::to_string(a_offset) +
                                                            "</TouchOffset></General></Gfx>");

@@ -4,6 +4,8 @@
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Input/InputManager.h"
+#include "Managers/Textures/TextureManager.h"
+#include "Managers/Themes/ThemeManager.h"
 #include "Managers/Widgets/WidgetManager.h"
 #include "Platform/Clutter/Start.h"
 #include "Platform/GL/GL.h"
@@ -108,6 +110,11 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
     m_inputIdleInterval = config.Get<int>("/Gfx/General/InputIdleInterval", 50);
     m_widgetIdleInterval = config.Get<int>("/Gfx/General/WidgetIdleInterval", 100);
     m_debugLocaleLabels = config.Get<std::string>("/Gfx/General/DebugLocaleLabels", "No") == "Yes";
+
+    Report("Initialising theme manager");
+    StaticSingleton<CThemeManager>::ref().Initialise(a_basePath);
+    Report("Initialising texture manager");
+    StaticSingleton<CTextureManager>::ref().Initialise(a_basePath);
 
     Report("Initialising complete");
     return true;
