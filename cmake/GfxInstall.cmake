@@ -1,6 +1,5 @@
 # What `cmake --install` puts where: the library, its headers, and the two ways to find them (a CMake package and a
 # pkg-config file), in the components runtime, dev and demo.
-option(GFX_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
 if(NOT GFX_INSTALL)
     return()
 endif()
