@@ -4,6 +4,8 @@ function(gfx_target_defaults a_target)
     target_compile_features(${a_target} PUBLIC cxx_std_20)
     set_target_properties(${a_target} PROPERTIES CXX_EXTENSIONS OFF)
     target_compile_options(${a_target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+    # A fused product rounds once where two operations round twice; coordinates must not depend on the machine.
+    target_compile_options(${a_target} PRIVATE -ffp-contract=off)
     if(GFX_WERROR)
         target_compile_options(${a_target} PRIVATE -Werror)
     endif()

@@ -308,4 +308,20 @@ bool XMLDocument::Report(bool a_success) const
     return a_success;
 }
 
+const XMLNode* XMLDocument::Section(const std::string& a_name) const
+{
+    if (const XMLNode* root = m_root.Child(a_name))
+    {
+        return root;
+    }
+    for (const XMLNode& root : m_root.Children())
+    {
+        if (const XMLNode* section = root.Child(a_name))
+        {
+            return section;
+        }
+    }
+    return nullptr;
+}
+
 } // namespace Core::IO

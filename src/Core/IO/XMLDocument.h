@@ -36,6 +36,10 @@ public:
     [[nodiscard]] XMLNode* RootNode() { return &m_root; }
     [[nodiscard]] const XMLNode* RootNode() const { return &m_root; }
 
+    /// The element that holds what a file is about, by its name: the root element, or else the first of that name
+    /// directly below the root element; null if there is none.
+    [[nodiscard]] const XMLNode* Section(const std::string& a_name) const;
+
 private:
     bool Load(std::string_view a_text, const std::string& a_name);
     bool Report(bool a_success) const;

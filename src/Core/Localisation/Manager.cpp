@@ -223,7 +223,7 @@ bool CManager::LoadCatalogue(const std::string& a_language, Catalogue& a_catalog
     {
         return false;
     }
-    const IO::XMLNode* root = document.RootNode()->Child("Localisation");
+    const IO::XMLNode* root = document.Section("Localisation");
     if (!root)
     {
         Logger().Log(Logging::elMessage, k_source, "%s: there is no element Localisation", path);

@@ -26,6 +26,10 @@ TEST(ThemeManagerTest, TheDefaultThemeIsTheOneThatIsNamedOrElseTheFirstWithAnId)
     Read(named, R"(<Themes default="b"><Theme id="a"/><Theme id="b"/></Themes>)");
     EXPECT_EQ(named.GetTheme(), "b");
 
+    CThemeManager below;
+    Read(below, R"(<Gfx><Themes default="b"><Theme id="b"/></Themes></Gfx>)");
+    EXPECT_EQ(below.GetTheme(), "b");
+
     GfxTest::ExpectLog("3 (CThemeManager) : A theme id was missing from a theme node");
     CThemeManager first;
     Read(first, R"(<Themes><Other id="x"/><Theme/><Theme id="a"/><Theme id="b"/></Themes>)");

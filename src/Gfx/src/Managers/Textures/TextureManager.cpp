@@ -63,7 +63,7 @@ void CTextureManager::Initialise(const std::string& a_basePath)
     Core::IO::XMLDocument document;
     // A file that can't be read has been logged, and has no elements.
     static_cast<void>(document.Parse(m_directory + "TextureConfig.xml"));
-    if (const Core::IO::XMLNode* textures = document.RootNode()->Child("Textures"))
+    if (const Core::IO::XMLNode* textures = document.Section("Textures"))
     {
         for (const Core::IO::XMLNode& child : textures->Children())
         {

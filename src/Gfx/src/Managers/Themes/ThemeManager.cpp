@@ -28,7 +28,7 @@ void CThemeManager::Initialise(const std::string& a_basePath)
     Core::IO::XMLDocument document;
     // A file that can't be read has no themes, which the assertion below is for.
     static_cast<void>(document.Parse(m_configurationPath + "ThemeConfig.xml"));
-    const Core::IO::XMLNode* currentNode = document.RootNode()->Child("Themes");
+    const Core::IO::XMLNode* currentNode = document.Section("Themes");
     GFX_ASSERT(currentNode);
     m_defaultTheme = currentNode->Attribute("default", "");
     for (const Core::IO::XMLNode& child : currentNode->Children())

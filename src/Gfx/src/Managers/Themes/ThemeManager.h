@@ -21,8 +21,9 @@ namespace Gfx::Managers
 /// </Themes>
 /// \endcode
 ///
-/// What a value stands for is the business of whoever asks for it. The file is required, and has to define the theme
-/// that it makes the default one, or at least one theme; without, the process ends.
+/// The table may also stand below another root element. What a value stands for is the business of whoever asks for it.
+/// The file is required, and has to define the theme that it makes the default one, or at least one theme; without, the
+/// process ends.
 class GFX_API CThemeManager
 {
 public:
