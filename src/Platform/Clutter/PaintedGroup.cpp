@@ -70,6 +70,24 @@ bool painted_group_has_painter(ClutterActor* a_actor)
     return IS_PAINTED_GROUP(a_actor) && PAINTED_GROUP(a_actor)->painter != nullptr;
 }
 
+void painted_group_release_painted(ClutterActor* a_group)
+{
+    GList* const children = clutter_container_get_children(CLUTTER_CONTAINER(a_group));
+    for (GList* link = children; link != nullptr; link = link->next)
+    {
+        ClutterActor* child = CLUTTER_ACTOR(link->data);
+        if (painted_group_has_painter(child))
+        {
+            clutter_container_remove_actor(CLUTTER_CONTAINER(a_group), child);
+        }
+        else if (CLUTTER_IS_CONTAINER(child))
+        {
+            painted_group_release_painted(child);
+        }
+    }
+    g_list_free(children);
+}
+
 void painted_group_run_painter(PaintedGroup* a_group)
 {
     if (a_group->painter != nullptr)

@@ -36,5 +36,8 @@ void painted_group_set_painter(PaintedGroup* a_group, PaintedGroupPainter a_pain
 /// Whether a_actor is a painted group that has a painter.
 bool painted_group_has_painter(ClutterActor* a_actor);
 
+/// Takes the groups that have a painter out of a group that is about to be destroyed, wherever in it they lie.
+void painted_group_release_painted(ClutterActor* a_group);
+
 /// Runs the painter, if there is one; for a subclass whose paint replaces the group's.
 void painted_group_run_painter(PaintedGroup* a_group);

@@ -26,6 +26,14 @@ bool HasGraphicsCard()
     return found;
 }
 
+/// Whether Cogl has taken a driver whose contexts have the fixed-function pipeline.
+bool HasFixedFunction()
+{
+    CoglContext* context = clutter_backend_get_cogl_context(clutter_get_default_backend());
+    const CoglDriver driver = cogl_renderer_get_driver(cogl_display_get_renderer(cogl_context_get_display(context)));
+    return driver == COGL_DRIVER_GL || driver == COGL_DRIVER_GLES1;
+}
+
 bool s_displayRefused = false;
 
 int NoteDisplayError(Display*, XErrorEvent*)
@@ -60,10 +68,10 @@ bool StartClutter(int* a_argc, char*** a_argv, GError** a_error)
     {
         return false;
     }
-    if (s_displayRefused)
+    if (s_displayRefused || !HasFixedFunction())
     {
         g_set_error_literal(a_error, CLUTTER_INIT_ERROR, CLUTTER_INIT_ERROR_BACKEND,
-                            "The display can't be drawn on with OpenGL");
+                            "The display can't be drawn on with fixed-function OpenGL");
         return false;
     }
     return true;

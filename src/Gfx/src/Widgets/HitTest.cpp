@@ -47,16 +47,8 @@ bool HasPlainPlace(const CWidget&)
 CWidgetList::WidgetPtr CHitTest::FindBest(const CWidgetList& a_widgets, const CWidget* a_parent,
                                           const Common::CAABB& a_box)
 {
-    SHit hit;
-    if (a_parent != nullptr)
-    {
-        const Common::CPoint origin = a_parent->AbsoluteTopLeft();
-        hit = Find(a_widgets, &origin, a_box);
-    }
-    else
-    {
-        hit = Find(a_widgets, nullptr, a_box);
-    }
+    const Common::CPoint origin = a_parent != nullptr ? a_parent->AbsoluteTopLeft() : Common::CPoint();
+    const SHit hit = Find(a_widgets, a_parent != nullptr ? &origin : nullptr, a_box);
     return hit.entry != nullptr ? *hit.entry : CWidgetList::WidgetPtr();
 }
 

@@ -23,8 +23,6 @@ namespace
 constexpr CColour k_opaque{255, 255, 255, 255};
 constexpr CColour k_dragged{255, 255, 255, 128};
 
-using LogLevel = Core::Logging::ELogEventLevel;
-
 Managers::CWidgetManager& WidgetManager()
 {
     return Core::Patterns::StaticSingleton<Managers::CWidgetManager>::ref();
@@ -65,8 +63,8 @@ bool Agrees(const detail::CWidgetList& a_children, HandlerT* a_handler, Argument
     {
         return true;
     }
-    const detail::CWidgetList::CUpwards life(a_children);
-    return a_handler->Execute(std::forward<ArgumentTs>(a_arguments)...) && life.IsListAlive();
+    const detail::CWidgetList::CLife life(a_children);
+    return a_handler->Execute(std::forward<ArgumentTs>(a_arguments)...) && !life.IsOver();
 }
 
 } // namespace
@@ -85,8 +83,8 @@ void CWidget::InitialiseClutterGroup()
     ClutterActor* actor = m_scissor ? enhanced_group_new() : painted_group_new();
     if (actor == nullptr)
     {
-        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-            LogLevel{3}, "CWidget", "Failed to create group: %s", m_name.c_str());
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CWidget",
+                                                                           "Failed to create group: %s", m_name);
         std::exit(1);
     }
     if (m_actor != nullptr)
@@ -141,40 +139,36 @@ Common::CAABB CWidget::AABB() const
 
 void CWidget::Hide()
 {
-    if (!m_visible)
-    {
-        return;
-    }
-    if (ClutterActor* actor = GetActor())
-    {
-        clutter_actor_hide(actor);
-    }
-    if (!Agrees(m_children, m_visibilityChangedHandler, this, false))
-    {
-        return;
-    }
-    m_visible = false;
-    if (m_parent != nullptr)
-    {
-        m_parent->ChildVisibilityChanged();
-    }
+    SetVisible(false);
 }
 
 void CWidget::Show()
 {
-    if (m_visible)
+    SetVisible(true);
+}
+
+void CWidget::SetVisible(bool a_visible)
+{
+    if (m_visible == a_visible)
     {
         return;
     }
     if (ClutterActor* actor = GetActor())
     {
-        clutter_actor_show(actor);
+        if (a_visible)
+        {
+            clutter_actor_show(actor);
+        }
+        else
+        {
+            clutter_actor_hide(actor);
+        }
     }
-    if (!Agrees(m_children, m_visibilityChangedHandler, this, true))
+    if (!Agrees(m_children, m_visibilityChangedHandler, this, a_visible))
     {
         return;
     }
-    m_visible = true;
+    m_visible = a_visible;
     if (m_parent != nullptr)
     {
         m_parent->ChildVisibilityChanged();
@@ -212,13 +206,13 @@ void CWidget::Deselect()
 bool CWidget::SetSelected(bool a_selected)
 {
     // An ancestor that is told of a selection is held by nobody on the way.
-    const detail::CWidgetList::CUpwards life(m_children);
+    const detail::CWidgetList::CLife life(m_children);
     m_selected = a_selected;
     if (m_selectedChangedHandler != nullptr)
     {
         m_selectedChangedHandler->Execute(this, a_selected);
     }
-    return life.IsListAlive();
+    return !life.IsOver();
 }
 
 void CWidget::Invalidate(bool a_recursive)
@@ -306,7 +300,8 @@ void CWidget::AddChild(WidgetPtr a_child)
     if (!a_child || a_child.Get() == this || a_child->HasChild(this))
     {
         Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-            LogLevel{3}, "CWidget", "Can't add %s to %s", a_child ? a_child->GetName() : "a null widget", GetName());
+            Core::Logging::elMessage, "CWidget", "Can't add %s to %s", a_child ? a_child->GetName() : "a null widget",
+            GetName());
         return;
     }
     const WidgetPtr& childPtr = a_child;
@@ -329,45 +324,26 @@ void CWidget::Adopt(const WidgetPtr& a_child)
         a_child->InitialiseClutterGroup();
     }
     ClutterActor* const actor = a_child->GetActor();
-    WidgetManager().TakeFromDeadActors(a_child.Get());
-    if (ClutterActor* const oldContainer = clutter_actor_get_parent(actor))
-    {
-        // Without this reference the actor would die on its way.
-        g_object_ref(actor);
-        clutter_container_remove_actor(CLUTTER_CONTAINER(oldContainer), actor);
-        if (CWidget* const oldParent = a_child->Parent())
-        {
-            oldParent->RemoveChild(a_child);
-        }
-        else
-        {
-            WidgetManager().TakeFromTopLevel(a_child.Get());
-        }
-        clutter_container_add_actor(CLUTTER_CONTAINER(GetActor()), actor);
-        g_object_unref(actor);
-        // The scene graph shows a hidden actor that changes its container.
-        if (!a_child->Visible())
-        {
-            clutter_actor_hide(actor);
-        }
-    }
-    else
-    {
-        clutter_container_add_actor(CLUTTER_CONTAINER(GetActor()), actor);
-    }
-    a_child->Revive();
+    // Without this reference the actor might die on its way.
+    g_object_ref(actor);
+    WidgetManager().Detach(a_child);
+    clutter_container_add_actor(CLUTTER_CONTAINER(GetActor()), actor);
+    g_object_unref(actor);
+    a_child->ShowAsItWas();
 }
 
-void CWidget::Revive()
+void CWidget::ShowAsItWas()
 {
-    if (m_destroyed)
+    // The scene graph shows a hidden actor that changes its container, and DestroyWidget has hidden a shown one.
+    if (!m_visible)
     {
-        m_destroyed = false;
-        if (m_visible)
-        {
-            clutter_actor_show(GetActor());
-        }
+        clutter_actor_hide(GetActor());
     }
+    else if (m_destroyed)
+    {
+        clutter_actor_show(GetActor());
+    }
+    m_destroyed = false;
 }
 
 void CWidget::AddChildren(std::list<WidgetPtr> a_children)
@@ -409,10 +385,10 @@ void CWidget::DestroyFoundChild(const WidgetPtr& a_child)
 {
     if (a_child)
     {
-        const detail::CWidgetList::CUpwards life(m_children);
+        const detail::CWidgetList::CLife life(m_children);
         WidgetManager().DestroyWidget(a_child.Get());
         // A press or a selection that this has ended may have been the last to hold this widget.
-        if (life.IsListAlive() && m_children.Remove(a_child.Get()))
+        if (!life.IsOver() && m_children.Remove(a_child.Get()))
         {
             Orphan(*a_child);
         }
@@ -686,7 +662,11 @@ void CWidget::BringChildToFront(CWidget* a_child)
 {
     if (const WidgetPtr child = m_children.Find(a_child))
     {
-        clutter_container_raise_child(CLUTTER_CONTAINER(GetActor()), child->GetActor(), nullptr);
+        // A child that was destroyed behind its parent's back may have left the group already.
+        if (clutter_actor_get_parent(child->GetActor()) == GetActor())
+        {
+            clutter_container_raise_child(CLUTTER_CONTAINER(GetActor()), child->GetActor(), nullptr);
+        }
         m_children.MoveToFront(a_child);
     }
 }
@@ -695,7 +675,10 @@ void CWidget::SendChildToBack(CWidget* a_child)
 {
     if (const WidgetPtr child = m_children.Find(a_child))
     {
-        clutter_container_lower_child(CLUTTER_CONTAINER(GetActor()), child->GetActor(), nullptr);
+        if (clutter_actor_get_parent(child->GetActor()) == GetActor())
+        {
+            clutter_container_lower_child(CLUTTER_CONTAINER(GetActor()), child->GetActor(), nullptr);
+        }
         m_children.MoveToBack(a_child);
     }
 }

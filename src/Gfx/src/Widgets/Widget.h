@@ -97,10 +97,11 @@ public:
     virtual void Select();
     virtual void Deselect();
 
-    /// Queues a redraw of what the widget and its children cover.
+    /// Queues a redraw of what the widget and its children cover; recursive, the children's Invalidate runs, too.
     virtual void Invalidate(bool a_recursive);
 
-    /// Draws the widget below its children, in its own coordinates. The current colour carries its transparency, so
+    /// Draws the widget below its children, in its own coordinates and within its size: what lies outside is not
+    /// redrawn when it changes. The current colour carries its transparency, so
     /// draw through Gfx::Utilities, or modulate by it.
     virtual void DrawSelf() const;
 
@@ -121,13 +122,15 @@ public:
     virtual void AddChild(WidgetPtr a_child);
     virtual void AddChildren(std::list<WidgetPtr> a_children);
 
-    /// Forgets a_child, without taking its actor off the screen.
+    /// Forgets a_child. Its actor stays in this widget's group, on the screen, and dies with it, unless the child is
+    /// added elsewhere before.
     virtual void RemoveChild(WidgetPtr a_child);
 
     /// Forgets a_child and takes it off the screen; does nothing if it isn't a child.
     virtual void DestroyChild(WidgetPtr a_child);
     virtual void DestroyChild(CWidget* a_child);
 
+    /// The same for all children.
     virtual void RemoveAllChildren();
 
     /// The top left on the stage.
@@ -259,11 +262,12 @@ private:
     void DestroyFoundChild(const WidgetPtr& a_child);
     void Adopt(const WidgetPtr& a_child);
     void Orphan(CWidget& a_child);
+    void SetVisible(bool a_visible);
     void SetEnabled(bool a_enabled);
     /// False if the handler has destroyed the widget.
     [[nodiscard]] bool SetSelected(bool a_selected);
-    /// Puts back what DestroyWidget has hidden, when a destroyed widget that was kept alive comes into use again.
-    void Revive();
+    /// Makes the actor's visibility the widget's again, when it has come into another container.
+    void ShowAsItWas();
 
     // What the hit test reads of each widget comes first and lies together.
     bool m_visible = true;

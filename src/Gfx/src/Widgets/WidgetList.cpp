@@ -12,8 +12,17 @@ CWidgetList::CWalk::CWalk(const CWidgetList& a_list, EDirection a_direction)
     : m_list(&a_list)
     , m_outer(a_list.m_walks)
     , m_direction(a_direction)
+    , m_bit(m_outer != nullptr ? m_outer->m_bit << 1U : 1U)
     , m_position(a_direction == EDirection::Upwards ? 0 : a_list.Size())
 {
+    if (m_outer == nullptr)
+    {
+        a_list.m_marks.assign(a_list.Size(), 0);
+    }
+    for (std::uint32_t& mark : a_list.m_marks)
+    {
+        mark &= ~m_bit;
+    }
     a_list.m_walks = this;
 }
 
@@ -28,15 +37,26 @@ CWidgetList::CWalk::~CWalk()
 
 CWidgetList::WidgetPtr CWidgetList::CWalk::Next()
 {
-    if (m_list == nullptr)
+    const bool upwards = m_direction == EDirection::Upwards;
+    // A walk within more walks than there are bits has none, and finds nothing.
+    while (m_list != nullptr && m_bit != 0 && (upwards ? m_position < m_list->Size() : m_position > 0))
     {
-        return {};
+        const std::size_t index = upwards ? m_position++ : --m_position;
+        if ((m_list->m_marks[index] & m_bit) == 0)
+        {
+            m_list->m_marks[index] |= m_bit;
+            return m_list->m_widgets[index];
+        }
     }
-    if (m_direction == EDirection::Upwards)
+    return {};
+}
+
+CWidgetList::CLife::~CLife()
+{
+    if (m_list != nullptr)
     {
-        return m_position < m_list->Size() ? m_list->m_widgets[m_position++] : WidgetPtr();
+        m_list->m_lives = m_outer;
     }
-    return m_position > 0 ? m_list->m_widgets[--m_position] : WidgetPtr();
 }
 
 CWidgetList::~CWidgetList()
@@ -45,17 +65,42 @@ CWidgetList::~CWidgetList()
     {
         walk->m_list = nullptr;
     }
+    for (CLife* life = m_lives; life != nullptr; life = life->m_outer)
+    {
+        life->m_list = nullptr;
+    }
 }
 
 void CWidgetList::AddToFront(WidgetPtr a_widget)
 {
     m_widgets.push_back(std::move(a_widget));
+    if (m_walks != nullptr)
+    {
+        // Not for the walks that are under way: one whose handlers add widgets would never end.
+        m_marks.push_back(~std::uint32_t{0});
+    }
 }
 
 CWidgetList::WidgetPtr CWidgetList::Remove(const CWidget* a_widget)
 {
     const std::size_t index = IndexOf(a_widget);
-    return index < Size() ? RemoveAt(index) : WidgetPtr();
+    if (index == Size())
+    {
+        return {};
+    }
+    // To the end first, past all walks, whose positions that takes care of.
+    MoveTo(index, Size() - 1);
+    WidgetPtr widget = std::move(m_widgets.back());
+    m_widgets.pop_back();
+    if (m_walks != nullptr)
+    {
+        m_marks.pop_back();
+    }
+    for (CWalk* walk = m_walks; walk != nullptr; walk = walk->m_outer)
+    {
+        walk->m_position = std::min(walk->m_position, Size());
+    }
+    return widget;
 }
 
 void CWidgetList::Clear()
@@ -64,6 +109,7 @@ void CWidgetList::Clear()
     {
         walk->m_position = 0;
     }
+    m_marks.clear();
     // The widgets die outside the list, since their destructors may look at it.
     const std::vector<WidgetPtr> widgets = std::exchange(m_widgets, {});
 }
@@ -73,7 +119,7 @@ void CWidgetList::MoveToFront(const CWidget* a_widget)
     const std::size_t index = IndexOf(a_widget);
     if (index < Size())
     {
-        AddToFront(RemoveAt(index));
+        MoveTo(index, Size() - 1);
     }
 }
 
@@ -82,9 +128,37 @@ void CWidgetList::MoveToBack(const CWidget* a_widget)
     const std::size_t index = IndexOf(a_widget);
     if (index < Size())
     {
-        WidgetPtr widget = RemoveAt(index);
-        m_widgets.insert(m_widgets.begin(), std::move(widget));
-        for (CWalk* walk = m_walks; walk != nullptr; walk = walk->m_outer)
+        MoveTo(index, 0);
+    }
+}
+
+void CWidgetList::MoveTo(std::size_t a_index, std::size_t a_target)
+{
+    const auto rotate = [a_index, a_target](auto& a_entries)
+    {
+        const auto at = [&a_entries](std::size_t a_place)
+        { return a_entries.begin() + static_cast<std::ptrdiff_t>(a_place); };
+        if (a_index < a_target)
+        {
+            std::rotate(at(a_index), at(a_index + 1), at(a_target + 1));
+        }
+        else
+        {
+            std::rotate(at(a_target), at(a_index), at(a_index + 1));
+        }
+    };
+    rotate(m_widgets);
+    if (m_walks != nullptr)
+    {
+        rotate(m_marks);
+    }
+    for (CWalk* walk = m_walks; walk != nullptr; walk = walk->m_outer)
+    {
+        if (a_index < walk->m_position && walk->m_position <= a_target)
+        {
+            --walk->m_position;
+        }
+        else if (a_target < walk->m_position && walk->m_position <= a_index)
         {
             ++walk->m_position;
         }
@@ -102,20 +176,6 @@ std::size_t CWidgetList::IndexOf(const CWidget* a_widget) const
     const auto found = std::find_if(m_widgets.begin(), m_widgets.end(),
                                     [a_widget](const WidgetPtr& a_entry) { return a_entry.Get() == a_widget; });
     return static_cast<std::size_t>(found - m_widgets.begin());
-}
-
-CWidgetList::WidgetPtr CWidgetList::RemoveAt(std::size_t a_index)
-{
-    WidgetPtr widget = std::move(m_widgets[a_index]);
-    m_widgets.erase(m_widgets.begin() + static_cast<std::ptrdiff_t>(a_index));
-    for (CWalk* walk = m_walks; walk != nullptr; walk = walk->m_outer)
-    {
-        if (walk->m_position > a_index)
-        {
-            --walk->m_position;
-        }
-    }
-    return widget;
 }
 
 } // namespace Gfx::Widgets::detail

@@ -4,6 +4,7 @@
 #include "Core/SharedPtr.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace Gfx::Widgets
@@ -15,8 +16,8 @@ namespace detail
 {
 
 /// Widgets in stacking order, from back to front, which may be changed while they are walked: handlers that run in
-/// the middle of a walk add, raise, remove and destroy widgets. A walk sees each change that is still ahead of it, and
-/// goes on behind a widget that was removed under it. Contiguous, since the hit test reads all of it at each event.
+/// the middle of a walk add, raise, remove and destroy widgets. A walk visits each widget at most once, in the order
+/// that it finds, and none that was added after it began. Contiguous, since the hit test reads all of it at each event.
 class GFX_API CWidgetList
 {
 public:
@@ -31,9 +32,6 @@ public:
 
         /// The next widget; empty at the end, or when the list has died meanwhile.
         [[nodiscard]] WidgetPtr Next();
-
-        /// False once the list, and with it the widget whose children it holds, has died.
-        [[nodiscard]] bool IsListAlive() const { return m_list != nullptr; }
 
     protected:
         enum class EDirection
@@ -51,6 +49,8 @@ public:
         const CWidgetList* m_list;
         CWalk* m_outer;
         EDirection m_direction;
+        /// Which bit of the marks says that this walk has done with a widget.
+        std::uint32_t m_bit;
         /// Upwards the index of the next widget, downwards one above it.
         std::size_t m_position;
     };
@@ -67,6 +67,24 @@ public:
     {
     public:
         explicit CDownwards(const CWidgetList& a_list) : CWalk(a_list, EDirection::Downwards) {}
+    };
+
+    /// Notices the death of a list, and with it of the widget whose children it holds. Held on the stack.
+    class GFX_API CLife
+    {
+    public:
+        explicit CLife(const CWidgetList& a_list) : m_list(&a_list), m_outer(a_list.m_lives) { a_list.m_lives = this; }
+        ~CLife();
+        CLife(const CLife&) = delete;
+        CLife& operator=(const CLife&) = delete;
+
+        [[nodiscard]] bool IsOver() const { return m_list == nullptr; }
+
+    private:
+        friend class CWidgetList;
+
+        const CWidgetList* m_list;
+        CLife* m_outer;
     };
 
     CWidgetList() = default;
@@ -97,10 +115,15 @@ public:
 
 private:
     [[nodiscard]] std::size_t IndexOf(const CWidget* a_widget) const;
-    WidgetPtr RemoveAt(std::size_t a_index);
+
+    /// Moves an entry to where it would be inserted if it weren't there.
+    void MoveTo(std::size_t a_index, std::size_t a_target);
 
     std::vector<WidgetPtr> m_widgets;
+    /// While the list is walked, an entry for each widget: the bits of the walks that have done with it.
+    mutable std::vector<std::uint32_t> m_marks;
     mutable CWalk* m_walks = nullptr;
+    mutable CLife* m_lives = nullptr;
 };
 
 } // namespace detail

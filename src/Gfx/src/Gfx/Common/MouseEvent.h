@@ -4,7 +4,7 @@ namespace Gfx::Events
 {
 
 /// What happened to the pointer, from the point of view of the widget that is told.
-enum EMouseEvent
+enum EMouseEvent : int
 {
     NoEvent = 0,      ///< Never sent.
     Leave = 1,        ///< The pointer has left the widget; repeated while a held widget's pointer is over no widget.

@@ -21,6 +21,7 @@ void CGfxManager::Destroy() {}
 
 void CGfxManager::Idle()
 {
+    ++m_idleDepth;
     // The list only grows while handlers run: what they remove is noted and goes afterwards.
     for (IdleHandler* handler : m_idleHandlers)
     {
@@ -28,6 +29,11 @@ void CGfxManager::Idle()
         {
             handler->Execute();
         }
+    }
+    // A handler that calls this again may have removed itself, and is still running.
+    if (--m_idleDepth > 0)
+    {
+        return;
     }
     // This list too may grow meanwhile, by a handler's destructor, which may even name that handler again.
     for (IdleHandler* removed : m_handlersToRemove)

@@ -31,20 +31,22 @@ public:
                              const Common::CPoint& a_position, int a_width, int a_height, int a_argc, char** a_argv,
                              const CColour& a_background);
 
-    /// Shows the stage and runs the main loop, until something calls clutter_main_quit.
+    /// Shows the stage and runs the main loop, until something calls clutter_main_quit. Without a stage, that is,
+    /// unless Setup has said true, it returns at once.
     void StartMainLoop();
 
     /// Does nothing: the library stops when the process does.
     void Destroy();
 
-    /// One round of the idle handlers, in the order of their registration, those that a handler adds included.
+    /// One round of the idle handlers, in the order of their registration, those that a handler adds included; then
+    /// deletes those that were removed.
     void Idle();
 
-    /// Registers a handler, unless it is registered. It must live until it is removed.
+    /// Registers a handler, made with new, unless it is registered. It must live until it is removed.
     void AddIdleHandler(IdleHandler* a_handler);
 
-    /// Gives a_handler up, registered or not: it is called to the end of the round that is running, or else of the
-    /// next one, and deleted then. A handler may remove itself.
+    /// Gives a_handler up. If it is registered, it is called to the end of the round that is running, or else of the
+    /// next one; then it is deleted, registered or not. A handler may remove itself.
     void RemoveIdleHandler(IdleHandler* a_handler);
 
     /// Gives an event to the widgets as if a device had sent it; a_x and a_y are in stage coordinates, a_remote marks
@@ -55,8 +57,9 @@ public:
     /// the bottom up. The caller owns the block, from new[].
     [[nodiscard]] unsigned char* RawScreenShot(int& a_width, int& a_height);
 
-    /// The stage as a PNG file; empty on failure. Made for drivers that report BGRA: on one that reports RGBA, red and
-    /// blue are exchanged. TrueScreenShot gives the same picture in the same colours on all drivers.
+    /// The stage as a PNG file; empty on failure, and while the stage is being painted. Made for drivers that report
+    /// BGRA: on one that reports RGBA, red and blue are exchanged. TrueScreenShot gives the same picture in the same
+    /// colours on all drivers.
     [[nodiscard]] std::string ScreenShot();
 
     /// The stage as a PNG file in its true colours; empty on failure.
@@ -74,6 +77,7 @@ public:
 private:
     std::list<IdleHandler*> m_idleHandlers;
     std::list<IdleHandler*> m_handlersToRemove;
+    int m_idleDepth = 0;
     int m_cleanupInterval = 0;
     int m_inputIdleInterval = 0;
     int m_widgetIdleInterval = 0;

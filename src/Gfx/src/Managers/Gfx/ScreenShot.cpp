@@ -90,11 +90,15 @@ std::unique_ptr<unsigned char[]> ReadStage(ClutterActor* a_stage, bool a_inDrive
 {
     a_width = 0;
     a_height = 0;
-    if (a_stage == nullptr)
+    // Painting from within a paint would never end.
+    static bool s_painting = false;
+    if (a_stage == nullptr || s_painting)
     {
         return nullptr;
     }
+    s_painting = true;
     Platform::PaintWholeStage(CLUTTER_STAGE(a_stage));
+    s_painting = false;
     std::array<GLint, 4> viewport{};
     glGetIntegerv(GL_VIEWPORT, viewport.data());
     a_width = viewport[2];

@@ -89,8 +89,9 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
     GError* error = nullptr;
     if (!Platform::StartClutter(&a_argc, &a_argv, &error))
     {
-        g_log(nullptr, G_LOG_LEVEL_WARNING, "Unable to initialise Clutter:\n%s", error->message);
-        g_error_free(error);
+        g_log(nullptr, G_LOG_LEVEL_WARNING, "Unable to initialise Clutter:\n%s",
+              error != nullptr ? error->message : "unknown");
+        g_clear_error(&error);
         return false;
     }
     m_stage = clutter_stage_get_default();
@@ -122,6 +123,10 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
 
 void CGfxManager::StartMainLoop()
 {
+    if (m_stage == nullptr)
+    {
+        return;
+    }
     clutter_actor_show(m_stage);
     StaticSingleton<CInputManager>::ref().ConnectClutter();
     AddTimer(m_cleanupInterval, OnCleanupTimer);

@@ -3,6 +3,8 @@
 #include "Widgets/HitTest.h"
 #include "Widgets/Widget.h"
 
+#include <utility>
+
 namespace Gfx::Managers
 {
 
@@ -162,7 +164,7 @@ void CWidgetManager::DispatchToNothing(const SPointerEvent& a_event)
     }
     if (event == Events::FirstDown)
     {
-        if (const WidgetPtr selected = m_selectedWidget)
+        if (const WidgetPtr selected = std::exchange(m_selectedWidget, {}))
         {
             selected->Deselect();
             m_selectedWidget.Reset();

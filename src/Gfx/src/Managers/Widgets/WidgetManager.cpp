@@ -35,6 +35,14 @@ CWidgetManager::CWidgetManager()
 
 CWidgetManager::~CWidgetManager()
 {
+    // The widgets die first, since their destructors may call this manager.
+    for (WidgetPtr* widget : {&m_firstButton.widget, &m_thirdButton.widget, &m_hoverWidget, &m_draggedWidget,
+                              &m_selectedWidget, &m_mousePointer})
+    {
+        widget->Reset();
+    }
+    m_nonClientWidgets.Clear();
+    m_widgets.Clear();
     for (ClutterActor* actor : m_deadActors)
     {
         g_object_unref(actor);
@@ -46,8 +54,7 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
     ClutterActor* const stage = StaticSingleton<CGfxManager>::ref().GetStage();
     if (!a_widget || stage == nullptr)
     {
-        StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::ELogEventLevel{3}, "CWidgetManager",
-                                                           "Can't add %s",
+        StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CWidgetManager", "Can't add %s",
                                                            a_widget ? "a widget without a stage" : "a null widget");
         return;
     }
@@ -59,11 +66,10 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
     {
         a_widget->InitialiseClutterGroup();
     }
-    TakeFromDeadActors(a_widget.Get());
-    TakeFromParent(a_widget);
+    Detach(a_widget);
     clutter_container_add_actor(CLUTTER_CONTAINER(stage), a_widget->GetActor());
-    a_widget->Revive();
-    if (const WidgetPtr selected = m_selectedWidget)
+    a_widget->ShowAsItWas();
+    if (const WidgetPtr selected = std::exchange(m_selectedWidget, {}))
     {
         selected->Deselect();
     }
@@ -78,34 +84,13 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
     m_selectedWidget = a_widget;
     if (!m_widgets.Find(a_widget.Get()))
     {
+        // They may also have added others: the actors are to lie as the widgets do.
+        clutter_container_raise_child(CLUTTER_CONTAINER(stage), a_widget->GetActor(), nullptr);
         m_widgets.AddToFront(a_widget);
     }
 }
 
-void CWidgetManager::TakeFromParent(const WidgetPtr& a_widget)
-{
-    ClutterActor* const actor = a_widget->GetActor();
-    if (ClutterActor* const container = clutter_actor_get_parent(actor))
-    {
-        clutter_container_remove_actor(CLUTTER_CONTAINER(container), actor);
-        // The scene graph shows a hidden actor that changes its container.
-        if (!a_widget->Visible())
-        {
-            clutter_actor_hide(actor);
-        }
-    }
-    if (CWidget* const parent = a_widget->Parent())
-    {
-        parent->RemoveChild(a_widget);
-    }
-}
-
-void CWidgetManager::TakeFromTopLevel(const CWidget* a_widget)
-{
-    m_widgets.Remove(a_widget);
-}
-
-void CWidgetManager::TakeFromDeadActors(CWidget* a_widget)
+void CWidgetManager::Detach(const WidgetPtr& a_widget)
 {
     ClutterActor* const actor = a_widget->GetActor();
     m_deadActors.remove_if(
@@ -118,6 +103,18 @@ void CWidgetManager::TakeFromDeadActors(CWidget* a_widget)
             g_object_unref(a_dead);
             return true;
         });
+    if (ClutterActor* const container = clutter_actor_get_parent(actor))
+    {
+        clutter_container_remove_actor(CLUTTER_CONTAINER(container), actor);
+    }
+    if (CWidget* const parent = a_widget->Parent())
+    {
+        parent->RemoveChild(a_widget);
+    }
+    else
+    {
+        m_widgets.Remove(a_widget.Get());
+    }
 }
 
 void CWidgetManager::DestroyWidget(CWidget* a_widget)
@@ -262,14 +259,24 @@ void CWidgetManager::Select(WidgetPtr a_widget)
 
 void CWidgetManager::ChangeSelection(const WidgetPtr& a_widget)
 {
-    if (const WidgetPtr selected = m_selectedWidget)
+    // Not stored meanwhile: a handler that selects from within Deselect must not deselect the same widget again.
+    const WidgetPtr selected = std::exchange(m_selectedWidget, {});
+    if (selected)
     {
         selected->Deselect();
     }
     // The handlers that have just run may have disabled it.
-    if (a_widget->Enabled())
+    if (!a_widget->Enabled())
     {
-        a_widget->Select();
+        if (!m_selectedWidget)
+        {
+            m_selectedWidget = selected;
+        }
+        return;
+    }
+    a_widget->Select();
+    if (!a_widget->m_destroyed)
+    {
         m_selectedWidget = a_widget;
     }
 }
@@ -289,6 +296,7 @@ void CWidgetManager::GarbageCollect()
     {
         if (!painted_group_has_painter(actor))
         {
+            painted_group_release_painted(actor);
             clutter_actor_destroy(actor);
         }
         else if (ClutterActor* const container = clutter_actor_get_parent(actor))

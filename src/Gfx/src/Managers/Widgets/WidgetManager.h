@@ -5,7 +5,6 @@
 #include "Core/SharedPtr.h"
 #include "Core/StaticSingleton.h"
 #include "Core/Time.h"
-#include "Gfx/Common/AABB.h"
 #include "Gfx/Common/MouseEvent.h"
 #include "Gfx/Common/Point.h"
 #include "Widgets/WidgetList.h"
@@ -27,15 +26,14 @@ namespace Gfx::Managers
 /// The top-level widgets, and which widget is pressed, hovered, dragged, selected: the way in for pointer and key
 /// events, and the way out for widgets that are to leave the screen.
 ///
-/// Comes to life at its first use, after CGfxManager::Setup. Handlers that run inside its operations may call any of
-/// them again. Nothing here fails: a search without result is an empty pointer, and an operation on a widget that
-/// isn't known does nothing.
+/// Comes to life at its first use. That has to come after CGfxManager::Setup: before, there is no configuration to take
+/// the touch area from, and no localisation to hear from. Handlers that run inside its operations may call any of them
+/// again. A search without result is an empty pointer, and an operation on a widget that isn't known does nothing.
 class GFX_API CWidgetManager
 {
 public:
     using WidgetPtr = Core::SharedPtr<Widgets::CWidget>;
     using KeyboardEventCallback = Core::Functor<bool, unsigned int>::Signature;
-    using OptionSelectedHandler = Core::Functor<void, int>::Signature;
 
     CWidgetManager();
     ~CWidgetManager();
@@ -43,7 +41,7 @@ public:
     CWidgetManager& operator=(const CWidgetManager&) = delete;
 
     /// Puts a_widget on top of the stage and gives it the keyboard, whether or not it is enabled. Does nothing if it is
-    /// there already.
+    /// there already. Null, and a widget without a stage, cost a log line.
     void AddWidget(WidgetPtr a_widget);
 
     /// Takes a widget off the screen, be it at the top level or the child of another, and ends whatever press, hover,
@@ -53,6 +51,7 @@ public:
     void DestroyWidget(Widgets::CWidget* a_widget);
 
     /// Finds by a path of names with ":" between them: below a_parent first, if it is given, then from the top level.
+    /// The second form looks below a_parent alone. On each level the first widget of a name is the one.
     [[nodiscard]] WidgetPtr FindWidget(const std::string& a_path, Widgets::CWidget* a_parent);
     [[nodiscard]] WidgetPtr FindWidget(Widgets::CWidget* a_parent, const std::vector<std::string>& a_parts);
 
@@ -65,8 +64,9 @@ public:
     /// Gives a_widget the keyboard, unless it is disabled.
     void Select(WidgetPtr a_widget);
 
-    /// Makes a_widget follow the pointer: it is added, and gets every event in stage
-    /// coordinates. Empty for none.
+    /// Adds a_widget and gives it every event, in stage coordinates, so that it can move itself to the pointer; empty
+    /// for none. It is hit like any other widget unless its priority is 0, and it is held, and told, until another
+    /// takes its place, even if it is destroyed.
     void SetMousePointer(WidgetPtr a_widget);
 
     /// Frees the actors of destroyed widgets.
@@ -138,10 +138,9 @@ private:
     void DispatchToNothing(const SPointerEvent& a_event);
     void StartDrag(const SPointerEvent& a_event, const WidgetPtr& a_target, const Common::CPoint& a_local);
 
-    void TakeFromParent(const WidgetPtr& a_widget);
-    /// For a widget that becomes another one's child.
-    void TakeFromTopLevel(const Widgets::CWidget* a_widget);
-    void TakeFromDeadActors(Widgets::CWidget* a_widget);
+    /// Takes a widget from wherever it is, and its actor from its container and from the dead ones, so that it can be
+    /// put elsewhere. Its actor must be held by another than the container.
+    void Detach(const WidgetPtr& a_widget);
 
     /// Shared, so that a callback which replaces itself lives to its end.
     Core::SharedPtr<KeyboardEventCallback> m_keyboardEventCallback;
