@@ -297,6 +297,7 @@ TEST_F(WidgetTest, WhatCannotBeAChildIsRefused)
 TEST_F(WidgetTest, AChildOutlivesItsParentAndAnActorItsWidget)
 {
     auto child = Core::SharedPtr<CBlock>(new CBlock("child", 10, 10, 10, 10, Red));
+    AddChild(*child, new CBlock("grandchild", 10, 10, 10, 10, Gfx::Colours::Lime));
     gpointer actor = nullptr;
     {
         const auto top = AddTopLevel(new CBlock("top", 100, 100, 100, 100, Red));
@@ -316,6 +317,111 @@ TEST_F(WidgetTest, AChildOutlivesItsParentAndAnActorItsWidget)
     child->Invalidate(true);
     AddToStage(child);
     EXPECT_EQ(FreshPicture().At(25, 25), Red);
+    EXPECT_EQ(FreshPicture().At(35, 35), Gfx::Colours::Lime) << "its own child is there, too";
+}
+
+TEST_F(WidgetTest, ADestroyedWidgetComesBackOnceAndAsVisibleAsItWas)
+{
+    const auto top = AddTopLevel(new CBlock("top", 0, 0, 100, 100, Red));
+    const auto other = AddTopLevel(new CBlock("other", 200, 0, 100, 100, Red));
+    for (const bool collected : {false, true})
+    {
+        const auto child = AddChild(*top, new CBlock("child", 10, 10, 10, 10, Red));
+        child->Hide();
+        Widgets().DestroyWidget(child.Get());
+        if (collected)
+        {
+            Widgets().GarbageCollect();
+        }
+        child->BringToFront();
+        top->AddChild(child);
+        EXPECT_FALSE(IsActorShown(*child));
+        Widgets().DestroyWidget(child.Get());
+        if (collected)
+        {
+            Widgets().GarbageCollect();
+        }
+        other->AddChild(child);
+        EXPECT_FALSE(IsActorShown(*child));
+        EXPECT_FALSE(top->HasChild(child.Get()));
+        child->Show();
+        other->DestroyChild(child);
+        EXPECT_FALSE(other->HasChild(child.Get()));
+        AddToStage(child);
+        EXPECT_TRUE(IsActorShown(*child));
+    }
+}
+
+/// Moves in its parent's or the stage's list whenever it is idle.
+class CRestlessBlock : public CBlock
+{
+public:
+    CRestlessBlock(const std::string& a_name, bool a_raise) : CBlock(a_name, 0, 0, 10, 10, Red), m_raise(a_raise) {}
+    void Idle() override
+    {
+        ++idles;
+        if (m_raise)
+        {
+            BringToFront();
+        }
+        else
+        {
+            SendToBack();
+        }
+        CBlock::Idle();
+    }
+    int idles = 0;
+
+private:
+    bool m_raise;
+};
+
+TEST_F(WidgetTest, AWidgetThatMovesInItsListIsVisitedOnceARound)
+{
+    std::vector<Core::SharedPtr<CRestlessBlock>> blocks;
+    for (const bool raise : {true, false, true})
+    {
+        blocks.push_back(AddTopLevel(new CRestlessBlock("top", raise)));
+        for (const bool childRaises : {false, true, false})
+        {
+            blocks.push_back(AddChild(*blocks.back(), new CRestlessBlock("child", childRaises)));
+        }
+    }
+    // One may be moved to where the round has been already; none is called twice.
+    for (int round = 1; round <= 3; ++round)
+    {
+        Widgets().Idle();
+        for (const auto& block : blocks)
+        {
+            EXPECT_LE(block->idles, round);
+        }
+        EXPECT_EQ(blocks.front()->idles, round) << "the first was at the front of the round";
+    }
+}
+
+TEST_F(WidgetTest, HandlersThatSelectEachOtherComeToAnEnd)
+{
+    const auto first = AddTopLevel(new CBlock("first", 0, 0, 10, 10, Red));
+    const auto second = AddTopLevel(new CBlock("second", 20, 0, 10, 10, Red));
+    int calls = 0;
+    const std::unique_ptr<CWidget::ToggleHandler> handler(Core::Functor<void, CWidget*, bool>::Make(
+        [&](CWidget* a_widget, bool a_selected)
+        {
+            ++calls;
+            if (!a_selected)
+            {
+                Widgets().Select(a_widget == first.Get() ? second : first);
+                Widgets().Select(first);
+            }
+        }));
+    first->SetSelectedChangedEventHandler(handler.get());
+    second->SetSelectedChangedEventHandler(handler.get());
+    Widgets().Select(first);
+    Widgets().Select(second);
+    Press(500, 300);
+    EXPECT_LT(calls, 50);
+    first->SetSelectedChangedEventHandler(nullptr);
+    second->SetSelectedChangedEventHandler(nullptr);
 }
 
 TEST_F(WidgetTest, AWidgetThatForgotItsGroupGetsOne)

@@ -165,4 +165,27 @@ TEST_F(GfxManagerTest, AnInjectedEventCarriesTheButtonItIsAbout)
     }
 }
 
+TEST_F(GfxManagerTest, AHandlerMayRemoveItselfAndRunARoundOfItsOwn)
+{
+    CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
+    int calls = 0;
+    Core::Functor<void>::Signature* handler = nullptr;
+    handler = Core::Functor<void>::Make(
+        [&, marker = std::make_shared<int>(7)]
+        {
+            gfx.RemoveIdleHandler(handler);
+            if (++calls < 3)
+            {
+                gfx.Idle();
+            }
+            // Reads what dies with the handler.
+            EXPECT_EQ(*marker, 7);
+        });
+    gfx.AddIdleHandler(handler);
+    gfx.Idle();
+    EXPECT_EQ(calls, 3);
+    gfx.Idle();
+    EXPECT_EQ(calls, 3);
+}
+
 } // namespace

@@ -184,6 +184,8 @@ void StartWithIntervalsThatAreNone()
     Manager().AddIdleHandler(handler);
     Manager().StartMainLoop();
     EXPECT_GE(s_frames, 5);
+    Manager().RemoveIdleHandler(handler);
+    Manager().Idle();
 }
 
 TEST_F(StartupTest, IntervalsOfNothingLeaveTimeForPainting)
