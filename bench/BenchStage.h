@@ -2,6 +2,8 @@
 
 #include <Gfx/Gfx.h>
 
+#include <ctime>
+
 namespace Bench
 {
 
@@ -13,6 +15,17 @@ class CBlock : public Gfx::Widgets::CWidget
 public:
     CBlock(const std::string& a_name, int a_x, int a_y, int a_width, int a_height);
     void DrawSelf() const override;
+};
+
+/// The processor time that this process has used since the stopwatch was made.
+class CStopwatch
+{
+public:
+    CStopwatch() : m_start(std::clock()) {}
+    [[nodiscard]] double Seconds() const { return static_cast<double>(std::clock() - m_start) / CLOCKS_PER_SEC; }
+
+private:
+    std::clock_t m_start;
 };
 
 /// Brings up the stage and shows it; ends the process where there is no display.

@@ -3,12 +3,13 @@
 namespace
 {
 
-ClutterActorClass* s_parentClass = nullptr;
+/// That of ClutterActor, whose children are the group's.
+ClutterActorClass* s_actorClass = nullptr;
 
 void Paint(ClutterActor* a_actor)
 {
     painted_group_run_painter(PAINTED_GROUP(a_actor));
-    s_parentClass->paint(a_actor);
+    s_actorClass->paint(a_actor);
 }
 
 gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
@@ -38,19 +39,71 @@ gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
 
 void InitialiseClass(gpointer a_class, gpointer)
 {
-    s_parentClass = CLUTTER_ACTOR_CLASS(g_type_class_peek_parent(a_class));
+    s_actorClass = CLUTTER_ACTOR_CLASS(g_type_class_peek(CLUTTER_TYPE_ACTOR));
     ClutterActorClass* actorClass = CLUTTER_ACTOR_CLASS(a_class);
     actorClass->paint = Paint;
+    actorClass->pick = s_actorClass->pick;
     actorClass->get_paint_volume = GetPaintVolume;
+}
+
+void Add(ClutterContainer* a_container, ClutterActor* a_actor)
+{
+    clutter_container_add_on_top(CLUTTER_ACTOR(a_container), a_actor);
+}
+
+void Remove(ClutterContainer* a_container, ClutterActor* a_actor)
+{
+    clutter_actor_remove_child(CLUTTER_ACTOR(a_container), a_actor);
+}
+
+void ForEach(ClutterContainer* a_container, ClutterCallback a_callback, gpointer a_data)
+{
+    ClutterActor* child = clutter_actor_get_first_child(CLUTTER_ACTOR(a_container));
+    while (child != nullptr)
+    {
+        // The callback may remove the child.
+        ClutterActor* const next = clutter_actor_get_next_sibling(child);
+        a_callback(child, a_data);
+        child = next;
+    }
+}
+
+void Raise(ClutterContainer* a_container, ClutterActor* a_actor, ClutterActor* a_sibling)
+{
+    clutter_actor_set_child_above_sibling(CLUTTER_ACTOR(a_container), a_actor, a_sibling);
+}
+
+void Lower(ClutterContainer* a_container, ClutterActor* a_actor, ClutterActor* a_sibling)
+{
+    clutter_actor_set_child_below_sibling(CLUTTER_ACTOR(a_container), a_actor, a_sibling);
+}
+
+void InitialiseContainer(gpointer a_interface, gpointer)
+{
+    auto* const container = static_cast<ClutterContainerIface*>(a_interface);
+    container->add = Add;
+    container->remove = Remove;
+    container->foreach = ForEach;
+    container->raise = Raise;
+    container->lower = Lower;
+    container->sort_depth_order = [](ClutterContainer*) {};
+}
+
+GType Register()
+{
+    const GType type =
+        g_type_register_static_simple(clutter_group_get_type(), "GfxPaintedGroup", sizeof(PaintedGroupClass),
+                                      InitialiseClass, sizeof(PaintedGroup), nullptr, GTypeFlags{});
+    const GInterfaceInfo container{InitialiseContainer, nullptr, nullptr};
+    g_type_add_interface_static(type, CLUTTER_TYPE_CONTAINER, &container);
+    return type;
 }
 
 } // namespace
 
 GType painted_group_get_type()
 {
-    static const GType s_type =
-        g_type_register_static_simple(clutter_group_get_type(), "GfxPaintedGroup", sizeof(PaintedGroupClass),
-                                      InitialiseClass, sizeof(PaintedGroup), nullptr, GTypeFlags{});
+    static const GType s_type = Register();
     return s_type;
 }
 

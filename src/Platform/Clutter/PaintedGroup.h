@@ -2,10 +2,12 @@
 
 #include "Platform/Clutter/Clutter.h"
 
-/// A ClutterGroup that something else draws for: its painter runs once per paint, before the children are painted.
-/// It tells the scene graph a true paint volume (its own size and whatever its children cover), which a handler on
-/// the "paint" signal would make impossible: so a redraw stays within the widget's rectangle, and what lies outside
-/// the redrawn region isn't painted at all.
+/// A group that something else draws for: its painter runs once per paint, before the children are painted.
+///
+/// It tells the scene graph a true paint volume (its own size and whatever its children cover), which a handler on the
+/// "paint" signal would make impossible: so a redraw stays within the widget's rectangle, and what lies outside the
+/// redrawn region isn't painted at all. It is a plain actor and not a ClutterGroup, which keeps a second, sorted list
+/// of its children: to add the ten-thousandth would take it milliseconds.
 
 using PaintedGroupPainter = void (*)(void* a_data);
 

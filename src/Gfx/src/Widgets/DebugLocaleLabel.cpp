@@ -100,7 +100,7 @@ void CDebugLocaleLabel::Place(ClutterActor* a_group, const CTextActor& a_text, c
     clutter_rectangle_set_border_width(frame, 1);
     clutter_actor_set_size(m_frame, static_cast<float>(a_margins.left + a_margins.right + a_textSize.width),
                            static_cast<float>(a_margins.top + a_margins.bottom + a_textSize.height));
-    clutter_container_add_actor(CLUTTER_CONTAINER(a_group), m_frame);
+    clutter_container_add_on_top(a_group, m_frame);
     clutter_actor_set_position(m_frame, static_cast<float>(place.X()), static_cast<float>(place.Y()));
 }
 

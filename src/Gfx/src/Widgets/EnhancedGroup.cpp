@@ -6,7 +6,7 @@
 
 // NOLINTBEGIN(readability-identifier-naming): GObject's own naming.
 
-// Below ClutterGroup stands PaintedGroup, so that the widget's own drawing comes before the children's, unclipped.
+// On PaintedGroup, so that the widget's own drawing comes before the children's, unclipped.
 struct EnhancedGroup
 {
     PaintedGroup parent;

@@ -4,7 +4,7 @@
 
 #include <clutter/clutter.h>
 
-/// EnhancedGroup: a ClutterGroup that clips the painting of its children to a fixed rectangle of the screen. It is the
+/// EnhancedGroup: a group that clips the painting of its children to a fixed rectangle of the screen. It is the
 /// group of every widget that was made with the scissor flag.
 ///
 /// Rectangles don't nest. A group inside another one puts the outer rectangle aside, and where the inner group ends,

@@ -68,7 +68,7 @@ void CTextActor::Create(ClutterActor* a_group, const Text::CFontSettings& a_font
     const ClutterColor colour = a_font.colour.AsClutterColour();
     m_actor =
         CLUTTER_ACTOR(g_object_ref_sink(clutter_label_new_full(a_font.AsString().c_str(), a_text.c_str(), &colour)));
-    clutter_container_add_actor(CLUTTER_CONTAINER(a_group), m_actor);
+    clutter_container_add_on_top(a_group, m_actor);
 }
 
 void CTextActor::Destroy()

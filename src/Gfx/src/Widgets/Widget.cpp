@@ -327,7 +327,7 @@ void CWidget::Adopt(const WidgetPtr& a_child)
     // Without this reference the actor might die on its way.
     g_object_ref(actor);
     WidgetManager().Detach(a_child);
-    clutter_container_add_actor(CLUTTER_CONTAINER(GetActor()), actor);
+    clutter_container_add_on_top(GetActor(), actor);
     g_object_unref(actor);
     a_child->ShowAsItWas();
 }

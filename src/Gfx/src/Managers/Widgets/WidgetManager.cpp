@@ -67,7 +67,7 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
         a_widget->InitialiseClutterGroup();
     }
     Detach(a_widget);
-    clutter_container_add_actor(CLUTTER_CONTAINER(stage), a_widget->GetActor());
+    clutter_container_add_on_top(stage, a_widget->GetActor());
     a_widget->ShowAsItWas();
     if (const WidgetPtr selected = std::exchange(m_selectedWidget, {}))
     {
