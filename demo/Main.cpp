@@ -41,8 +41,13 @@ public:
     void DrawSelf() const override
     {
         const CColour edge = m_pressed || Selected() ? Gfx::Colours::White : m_colour.Darken(0.7F);
-        Gfx::Utilities::FillRectangle({0, 0, Width(), Height()}, edge);
-        Gfx::Utilities::FillRectangle({k_border, k_border, Width() - 2 * k_border, Height() - 2 * k_border}, m_colour);
+        const int innerHeight = Height() - 2 * k_border;
+        // Side by side: what lies one over the other would show through where the tile is transparent.
+        Gfx::Utilities::FillRectangle({0, 0, Width(), k_border}, edge);
+        Gfx::Utilities::FillRectangle({0, Height() - k_border, Width(), k_border}, edge);
+        Gfx::Utilities::FillRectangle({0, k_border, k_border, innerHeight}, edge);
+        Gfx::Utilities::FillRectangle({Width() - k_border, k_border, k_border, innerHeight}, edge);
+        Gfx::Utilities::FillRectangle({k_border, k_border, Width() - 2 * k_border, innerHeight}, m_colour);
     }
 
     bool Draggable() const override { return true; }

@@ -181,6 +181,7 @@ TEST_F(EnhancedGroupTest, AnotherTypeIsRefused)
 
 TEST_F(EnhancedGroupTest, AClippedRedrawPaintsWhatAFullOneWould)
 {
+    WaitForClippedRedraws();
     const auto group = AddGroup();
     const auto other = AddTopLevel(new CBlock("other", 600, 400, 50, 50, Yellow));
     const auto child = AddChild(*group, new CBlock("child", 10, 10, 50, 50, Lime));

@@ -1,5 +1,5 @@
 # Installs the library into a folder of its own, and builds and runs a program against nothing but what is there: found
-# by CMake, and by pkg-config.
+# by CMake, and by pkg-config, after the installed tree has been moved.
 #   BUILD_DIR  the build tree that is installed
 #   WORK_DIR   a folder that is emptied first
 #   SOURCE_DIR where the consumer lies
@@ -18,7 +18,8 @@ endfunction()
 
 file(REMOVE_RECURSE "${WORK_DIR}")
 set(prefix "${WORK_DIR}/prefix")
-run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${prefix}")
+run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${WORK_DIR}/elsewhere")
+file(RENAME "${WORK_DIR}/elsewhere" "${prefix}")
 
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}" -B "${WORK_DIR}/cmake" "-DCMAKE_PREFIX_PATH=${prefix}"
     "-DCMAKE_CXX_COMPILER=${CXX}")
@@ -32,6 +33,19 @@ cmake_path(GET pkgConfigDir PARENT_PATH libDir)
 set(ENV{PKG_CONFIG_PATH} "${pkgConfigDir}")
 execute_process(COMMAND pkg-config --cflags --libs gfx-1 OUTPUT_VARIABLE flags COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(flags UNIX_COMMAND "${flags}")
+# The one header that the program includes leads to every header that is installed.
+run("${CXX}" -std=c++20 -M "${SOURCE_DIR}/Consumer.cpp" ${flags})
+string(REGEX REPLACE "[ \\\n]+" ";" reached "${output}")
+foreach(file IN LISTS reached)
+    file(REAL_PATH "${file}" file)
+    list(APPEND reachedFiles "${file}")
+endforeach()
+file(GLOB_RECURSE installedHeaders "${prefix}/*.h")
+list(REMOVE_ITEM installedHeaders ${reachedFiles})
+if(installedHeaders)
+    message(FATAL_ERROR "Gfx/Gfx.h doesn't lead to: ${installedHeaders}")
+endif()
+
 run("${CXX}" -std=c++20 "${SOURCE_DIR}/Consumer.cpp" ${flags} "-Wl,-rpath,${libDir}" -o "${WORK_DIR}/consumer")
 run("${WORK_DIR}/consumer")
 expect_aqua("${output}")

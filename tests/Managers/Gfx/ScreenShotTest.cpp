@@ -76,7 +76,7 @@ TEST_F(ScreenShotTest, APictureIsRightAtOnce)
 
 TEST_F(ScreenShotTest, APictureIsRightAfterAClippedRedraw)
 {
-    Settle();
+    WaitForClippedRedraws();
     const int draws = first->draws;
     second->Move({700, 400});
     EXPECT_EQ(Settle(), 1);

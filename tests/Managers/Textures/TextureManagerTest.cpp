@@ -6,6 +6,7 @@
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
 
+#include <cogl/cogl.h>
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <array>
@@ -210,6 +211,7 @@ TEST_F(TextureManagerTest, DataBecomesATextureByItsBytesPerPixel)
         EXPECT_NE(m_texture, nullptr);
         ASSERT_EQ(m_quads.size(), 1U);
         EXPECT_TRUE((m_quads[0] == STexturedQuad{0, 0, 4 << 16, 3 << 16, 0, 0, 65536, 65536}));
+        cogl_object_unref(m_texture);
     }
     EXPECT_FALSE(m_manager.LoadDataAsTexture(data.data(), 4, 3, 2, m_quads, m_texture));
     EXPECT_FALSE(m_manager.LoadDataAsTexture(nullptr, 4, 3, 4, m_quads, m_texture));
@@ -222,6 +224,7 @@ TEST_F(TextureManagerTest, FilesBecomeTexturesAndBadOnesALine)
     const std::string path = WriteImage("image.png", 8, 8);
     ASSERT_TRUE(m_manager.LoadFileAsTexture(path, 2, 3, 10, 20, m_quads, m_texture));
     EXPECT_TRUE((m_quads[0] == STexturedQuad{2 << 16, 3 << 16, 12 << 16, 23 << 16, 0, 0, 65536, 65536}));
+    cogl_object_unref(m_texture);
 
     // A picture of a few bytes that claims to be of 100,000 by 1.
     const std::string huge = m_directory.Write("huge.pbm", "P4\n100000 1\n");

@@ -133,6 +133,17 @@ TEST_F(ButtonTest, ADisabledButtonIsGreyAndDeaf)
     button->SetClickEventHandler(nullptr);
 }
 
+TEST_F(ButtonTest, OneThatItsHandlerDisablesIsInactiveAtOnce)
+{
+    const auto button = Add(true);
+    const std::unique_ptr<CWidget::ClickHandler> handler(Core::Functor<void, CWidget*, int, const CPoint&, bool>::Make(
+        [&button](CWidget*, int, const CPoint&, bool) { button->Disabled(true); }));
+    button->SetClickEventHandler(handler.get());
+    Click(110, 110);
+    EXPECT_EQ(button->State(), CButton::ebsInactive);
+    button->SetClickEventHandler(nullptr);
+}
+
 TEST_F(ButtonTest, TextureSetsAreSwitchedAsAWhole)
 {
     const auto button = Add();

@@ -35,12 +35,12 @@ class LabelTest : public GfxTest::CStageTest
 protected:
     static void SetUpTestSuite()
     {
+        Core::Localisation::CManager::Instance(&s_localisation);
         CStageTest::SetUpTestSuite();
         StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
         s_directory.Write("Localisation/de.xml", R"(<Localisation><Text id="greeting">Hallo</Text></Localisation>)");
         s_directory.Write("Localisation/fr.xml",
                           R"(<Localisation><Text id="greeting">Bonjour a tous</Text></Localisation>)");
-        Core::Localisation::CManager::Instance(&s_localisation);
         s_localisation.AddUpdateCompletedCallback(Core::Functor<void>::Make([] { Widgets().UpdateLocalisation(); }));
         ASSERT_TRUE(s_localisation.SetLanguage("de"));
     }
@@ -187,7 +187,8 @@ TEST_F(LabelTest, TheThemeChangesColourAndBackground)
     label->Background(true);
     EXPECT_EQ(FreshPicture().At(200, 130), CColour(90, 90, 90, 255));
     StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
-    EXPECT_EQ(FreshPicture().At(200, 130), CColour(255, 128, 64, 255));
+    Settle();
+    EXPECT_EQ(ShownPicture().At(200, 130), CColour(255, 128, 64, 255));
     EXPECT_TRUE(label->Font().colour == Gfx::Colours::Lime);
     ClutterColor colour;
     clutter_text_get_color(TextOf(*label), &colour);

@@ -361,7 +361,8 @@ void CButton::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Commo
     if (!m_disabled)
     {
         CWidget::MouseEvent(a_event, a_buttons, a_point, a_remote);
-        next = StateAfter(a_event, a_buttons, a_point);
+        // A handler may just have disabled it.
+        next = m_disabled ? ebsInactive : StateAfter(a_event, a_buttons, a_point);
     }
     if (next != m_state)
     {

@@ -57,8 +57,8 @@ public:
 
     void SetEllipsisMode(Text::EEllipsisMode a_mode);
 
-    /// Shows an image: a file if there is one of that path, or else an element of a texture page. "%LANG%" in it stands
-    /// for the language. Does nothing if the name is the same.
+    /// Shows an image: a file if there is one of that path, or else an element of a texture page. In an element's
+    /// name, "%LANG%" stands for the language. Does nothing if the name is the same.
     void SetImage(const std::string& a_name);
 
     /// a_alignment is packed; a_width and a_height are the image's size on the button, in pixels.
@@ -85,6 +85,9 @@ public:
 
     [[nodiscard]] bool Disabled() const { return m_disabled; }
     void Disabled(bool a_disabled);
+
+    /// Gives the text its colour, dimmed on a disabled button.
+    void UpdateDisabled();
 
     [[nodiscard]] EState State() const { return m_state; }
 
@@ -115,7 +118,6 @@ private:
     void LoadImage();
     void LoadFlashTexture();
     void DrawFlash(const CColour& a_colour) const;
-    void UpdateDisabled();
     void UpdateLabelPosition();
 
     CDebugLocaleLabel m_debugLabel;

@@ -184,6 +184,7 @@ void CLabel::UpdateStyle()
     LoadTextures();
     const Text::CFontSettings font = m_font;
     Font(font);
+    QueueRedraw();
 }
 
 void CLabel::UpdateCustomInfo()
