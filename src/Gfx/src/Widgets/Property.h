@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Gfx/Common/Point.h"
+
 #include <array>
 #include <cstddef>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -27,6 +30,19 @@ inline std::string TextFromBool(bool a_value)
 inline bool IsTrue(const std::string& a_text)
 {
     return a_text == "True";
+}
+
+/// The leading decimal number of a text, cut to the limits of int, or 0 where there is none. *a_rest, if it is asked
+/// for, is left behind the number, or at the start of the text.
+inline int NumberFromText(const std::string& a_text, std::size_t a_start = 0, std::size_t* a_rest = nullptr)
+{
+    char* end = nullptr;
+    const long number = std::strtol(a_text.c_str() + a_start, &end, 10);
+    if (a_rest != nullptr)
+    {
+        *a_rest = static_cast<std::size_t>(end - a_text.c_str());
+    }
+    return Common::detail::Saturated(number);
 }
 
 /// Writes a property by its name; false if the table has none of that name that can be written.

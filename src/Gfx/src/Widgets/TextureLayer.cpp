@@ -33,11 +33,12 @@ bool CTextureLayer::Retrieve(const Common::CAABB& a_rectangle)
 
 bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle)
 {
-    if (m_file != a_path || !HasTexture())
+    if (m_file != a_path || !m_owned)
     {
         DropTexture();
         m_valid = Textures().LoadFileAsTexture(a_path, 0, 0, 0, 0, m_quads, m_texture);
-        m_file = m_valid ? a_path : "";
+        m_owned = m_valid;
+        m_file = a_path;
     }
     if (m_valid)
     {
@@ -46,13 +47,22 @@ bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB&
     return m_valid;
 }
 
+bool CTextureLayer::RetrieveData(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel)
+{
+    DropTexture();
+    m_valid = Textures().LoadDataAsTexture(a_data, a_width, a_height, a_bytesPerPixel, m_quads, m_texture);
+    m_owned = m_valid;
+    return m_valid;
+}
+
 void CTextureLayer::DropTexture()
 {
-    if (!m_file.empty())
+    if (m_owned)
     {
         cogl_texture_release(m_texture);
-        m_file.clear();
+        m_owned = false;
     }
+    m_file.clear();
     m_texture = nullptr;
 }
 

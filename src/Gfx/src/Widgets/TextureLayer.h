@@ -29,6 +29,10 @@ public:
     /// when the path has changed or the texture was dropped.
     bool RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle);
 
+    /// The same for pixels in memory, as Managers::CTextureManager::LoadDataAsTexture takes them; they draw at their
+    /// own size.
+    bool RetrieveData(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel);
+
     /// Draws the layer if it is valid, in the current colour. Called while the control paints.
     void Draw() const;
 
@@ -50,7 +54,8 @@ private:
     std::vector<STexturedQuad> m_quads;
     void* m_texture = nullptr;
     bool m_valid = false;
-    /// The file that the texture was loaded from; then it is the layer's own, and otherwise its page's.
+    /// Whether the texture is the layer's own, from a file or from memory, and not a page's.
+    bool m_owned = false;
     std::string m_file;
 };
 

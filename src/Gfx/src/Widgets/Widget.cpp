@@ -28,26 +28,13 @@ Managers::CWidgetManager& WidgetManager()
     return Core::Patterns::StaticSingleton<Managers::CWidgetManager>::ref();
 }
 
-/// The leading decimal number of a text, cut to the limits of int; 0 where there is none. *a_end is left behind it, or
-/// at the start of the text.
-int LeadingNumber(const char* a_text, const char** a_end)
-{
-    char* end = nullptr;
-    const long number = std::strtol(a_text, &end, 10);
-    *a_end = end;
-    return Common::detail::Saturated(number);
-}
-
 /// A text of the form "x,y"; what can't be read is 0.
 Common::CPoint PointFromString(const std::string& a_text)
 {
-    const char* rest = nullptr;
-    const int x = LeadingNumber(a_text.c_str(), &rest);
-    if (rest == a_text.c_str() || *rest != ',')
-    {
-        return {x, 0};
-    }
-    return {x, LeadingNumber(rest + 1, &rest)};
+    std::size_t comma = 0;
+    const int x = NumberFromText(a_text, 0, &comma);
+    const bool hasY = comma > 0 && comma < a_text.size() && a_text[comma] == ',';
+    return {x, hasY ? NumberFromText(a_text, comma + 1) : 0};
 }
 
 void DrawWidget(void* a_widget)
@@ -472,8 +459,7 @@ void CWidget::SetProperty(const std::string& a_name, const std::string& a_value)
     }
     else if (a_name == "Opacity")
     {
-        const char* rest = nullptr;
-        SetTransparency(LeadingNumber(a_value.c_str(), &rest), false);
+        SetTransparency(NumberFromText(a_value), false);
     }
     else if (a_name == "Position")
     {
