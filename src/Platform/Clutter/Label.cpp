@@ -154,6 +154,12 @@ PangoEllipsizeMode clutter_label_get_ellipsize(ClutterLabel* a_label)
     return clutter_text_get_ellipsize(CLUTTER_TEXT(a_label));
 }
 
+void clutter_label_get_natural_size(ClutterLabel* a_label, float* a_width, float* a_height)
+{
+    GetPreferredWidth(CLUTTER_ACTOR(a_label), -1, nullptr, a_width);
+    GetPreferredHeight(CLUTTER_ACTOR(a_label), -1, nullptr, a_height);
+}
+
 void clutter_label_set_line_wrap(ClutterLabel* a_label, gboolean a_wrap)
 {
     clutter_text_set_line_wrap(CLUTTER_TEXT(a_label), a_wrap);

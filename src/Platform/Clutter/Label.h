@@ -34,6 +34,9 @@ PangoEllipsizeMode clutter_label_get_ellipsize(ClutterLabel* a_label);
 /// Whether lines are broken, between words, at the actor's width.
 void clutter_label_set_line_wrap(ClutterLabel* a_label, gboolean a_wrap);
 
+/// What the text takes unbroken and unshortened, whatever size the actor was given. Not of the 0.8 series.
+void clutter_label_get_natural_size(ClutterLabel* a_label, float* a_width, float* a_height);
+
 /// How the lines lie beside one another.
 void clutter_label_set_alignment(ClutterLabel* a_label, PangoAlignment a_alignment);
 void clutter_label_set_justify(ClutterLabel* a_label, gboolean a_justify);

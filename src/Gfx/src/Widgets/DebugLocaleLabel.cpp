@@ -38,11 +38,6 @@ Text::CFontSettings ReadFont()
     return {style.name, ColourFromString(style.colour), style.size, AlignmentFromString(style.alignment)};
 }
 
-bool IsOn()
-{
-    return StaticSingleton<Managers::CGfxManager>::ref().DebugLocaleLabels();
-}
-
 const CConfigManager& Config()
 {
     return StaticSingleton<CConfigManager>::ref();
@@ -61,6 +56,11 @@ CDebugLocaleLabel::~CDebugLocaleLabel()
     }
 }
 
+bool CDebugLocaleLabel::IsOn()
+{
+    return StaticSingleton<Managers::CGfxManager>::ref().DebugLocaleLabels();
+}
+
 void CDebugLocaleLabel::Update(ClutterActor* a_group, const Text::CLocalisedText& a_text, bool a_parseMarkup,
                                int a_width)
 {
@@ -76,7 +76,7 @@ void CDebugLocaleLabel::Update(ClutterActor* a_group, const Text::CLocalisedText
     m_label.SetWidth(a_width);
 }
 
-void CDebugLocaleLabel::Place(ClutterActor* a_group, const CTextActor& a_text, const STextMargins& a_margins,
+void CDebugLocaleLabel::Place(ClutterActor* a_group, const CTextActor& a_text, const Common::SMargins& a_margins,
                               const STextSize& a_textSize)
 {
     if (!IsOn() || !m_label.Exists())
@@ -98,8 +98,8 @@ void CDebugLocaleLabel::Place(ClutterActor* a_group, const CTextActor& a_text, c
     clutter_rectangle_set_color(frame, &clear);
     clutter_rectangle_set_border_color(frame, &border);
     clutter_rectangle_set_border_width(frame, 1);
-    clutter_actor_set_size(m_frame, static_cast<float>(a_margins.left + a_margins.right + a_textSize.width),
-                           static_cast<float>(a_margins.top + a_margins.bottom + a_textSize.height));
+    clutter_actor_set_size(m_frame, static_cast<float>(a_margins.Horizontal() + a_textSize.width),
+                           static_cast<float>(a_margins.Vertical() + a_textSize.height));
     clutter_container_add_on_top(a_group, m_frame);
     clutter_actor_set_position(m_frame, static_cast<float>(place.X()), static_cast<float>(place.Y()));
 }

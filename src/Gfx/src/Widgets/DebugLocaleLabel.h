@@ -21,12 +21,15 @@ public:
     CDebugLocaleLabel(const CDebugLocaleLabel&) = delete;
     CDebugLocaleLabel& operator=(const CDebugLocaleLabel&) = delete;
 
+    /// Whether the debug mode is on.
+    [[nodiscard]] static bool IsOn();
+
     /// Makes the label in a control's group, when the control's text has been worked out, unless it is there already
     /// or the raw text is empty. It keeps what it was made with.
     void Update(ClutterActor* a_group, const Text::CLocalisedText& a_text, bool a_parseMarkup, int a_width);
 
     /// Places the label over the control's text, and the frame round it.
-    void Place(ClutterActor* a_group, const CTextActor& a_text, const STextMargins& a_margins,
+    void Place(ClutterActor* a_group, const CTextActor& a_text, const Common::SMargins& a_margins,
                const STextSize& a_textSize);
 
 private:

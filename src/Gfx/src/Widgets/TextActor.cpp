@@ -13,14 +13,15 @@ namespace
 {
 
 /// Far outside any display, and yet near enough for the scene graph's own arithmetic.
-constexpr std::uint32_t k_farAway = 1'000'000;
+constexpr int k_farAway = 1'000'000;
+constexpr int k_outOfSight = k_farAway / 2;
 
 /// Half of what a text leaves of the room for it, from a_start on.
 int Centred(int a_start, std::int64_t a_spare, ECentring a_centring)
 {
     const std::int64_t half = a_centring == ECentring::Truncating
                                   ? a_spare / 2
-                                  : std::min(static_cast<std::uint32_t>(a_spare) >> 1U, k_farAway);
+                                  : std::min(static_cast<std::uint32_t>(a_spare) >> 1U, std::uint32_t{k_farAway});
     return Common::detail::Saturated(half + a_start);
 }
 
@@ -29,14 +30,15 @@ ClutterLabel* Label(ClutterActor* a_actor)
     return CLUTTER_LABEL(a_actor);
 }
 
-STextSize WholePixels(float a_width, float a_height)
+int WholePixels(float a_length)
 {
-    return {static_cast<int>(a_width), static_cast<int>(a_height)};
+    constexpr float furthest = 1 << 24;
+    return static_cast<int>(std::clamp(a_length, -furthest, furthest));
 }
 
 } // namespace
 
-Common::CPoint PlaceText(const STextSize& a_box, const STextSize& a_text, const STextMargins& a_margins,
+Common::CPoint PlaceText(const STextSize& a_box, const STextSize& a_text, const Common::SMargins& a_margins,
                          int a_alignment, ECentring a_centring)
 {
     const std::int64_t spareWidth = std::int64_t{a_box.width} - a_text.width;
@@ -116,7 +118,8 @@ void CTextActor::WrapLines(bool a_wrap)
 void CTextActor::SetEllipsisMode(Text::EEllipsisMode a_mode)
 {
     static_assert(static_cast<int>(Text::eemEnd) == static_cast<int>(PANGO_ELLIPSIZE_END));
-    clutter_label_set_ellipsize(Label(m_actor), static_cast<PangoEllipsizeMode>(a_mode));
+    const auto mode = std::clamp(a_mode, Text::eemNone, Text::eemEnd);
+    clutter_label_set_ellipsize(Label(m_actor), static_cast<PangoEllipsizeMode>(mode));
 }
 
 Text::EEllipsisMode CTextActor::EllipsisMode() const
@@ -154,7 +157,7 @@ STextSize CTextActor::Size() const
     float width = 0;
     float height = 0;
     clutter_actor_get_size(m_actor, &width, &height);
-    return WholePixels(width, height);
+    return {WholePixels(width), WholePixels(height)};
 }
 
 STextSize CTextActor::PreferredSize() const
@@ -162,12 +165,35 @@ STextSize CTextActor::PreferredSize() const
     float width = 0;
     float height = 0;
     clutter_actor_get_preferred_size(m_actor, &width, &height, nullptr, nullptr);
-    return WholePixels(width, height);
+    return {WholePixels(width), WholePixels(height)};
+}
+
+STextSize CTextActor::NaturalSize() const
+{
+    float width = 0;
+    float height = 0;
+    clutter_label_get_natural_size(Label(m_actor), &width, &height);
+    return {WholePixels(width), WholePixels(height)};
+}
+
+void CTextActor::Clip(const Common::CAABB& a_rectangle)
+{
+    clutter_actor_set_clip(m_actor, static_cast<float>(a_rectangle.Left()), static_cast<float>(a_rectangle.Top()),
+                           static_cast<float>(a_rectangle.Width()), static_cast<float>(a_rectangle.Height()));
 }
 
 void CTextActor::MoveTo(const Common::CPoint& a_position)
 {
     clutter_actor_set_position(m_actor, static_cast<float>(a_position.X()), static_cast<float>(a_position.Y()));
+    // Its group's area to paint would reach there.
+    if (std::max(a_position.X(), a_position.Y()) >= k_outOfSight)
+    {
+        clutter_actor_hide(m_actor);
+    }
+    else
+    {
+        clutter_actor_show(m_actor);
+    }
 }
 
 Common::CPoint CTextActor::Position() const
@@ -175,7 +201,7 @@ Common::CPoint CTextActor::Position() const
     float x = 0;
     float y = 0;
     clutter_actor_get_position(m_actor, &x, &y);
-    return {static_cast<int>(x), static_cast<int>(y)};
+    return {WholePixels(x), WholePixels(y)};
 }
 
 } // namespace Gfx::Widgets

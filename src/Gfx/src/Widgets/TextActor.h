@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Core/Api.h"
+#include "Gfx/Common/AABB.h"
+#include "Gfx/Common/Margins.h"
 #include "Gfx/Common/Point.h"
 #include "Gfx/Text/FontSettings.h"
 
@@ -10,15 +12,6 @@ typedef struct _ClutterActor ClutterActor;
 
 namespace Gfx::Widgets
 {
-
-/// How much of a widget's box a text is kept out of, at each side, in pixels.
-struct STextMargins
-{
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-};
 
 /// How the room that a text leaves is halved when it is centred.
 enum class ECentring
@@ -38,7 +31,8 @@ struct STextSize
 /// Where a text of a_text lies in a box of a_box, by a packed alignment. A text at the bottom keeps the right margin's
 /// distance from the edge, not the bottom one's: layouts are made for it.
 [[nodiscard]] GFX_API Common::CPoint PlaceText(const STextSize& a_box, const STextSize& a_text,
-                                               const STextMargins& a_margins, int a_alignment, ECentring a_centring);
+                                               const Common::SMargins& a_margins, int a_alignment,
+                                               ECentring a_centring);
 
 /// The text of a control: an actor in the control's group.
 class GFX_API CTextActor
@@ -63,6 +57,7 @@ public:
     void SetColour(const CColour& a_colour);
     void UseMarkup(bool a_use);
     void WrapLines(bool a_wrap);
+    /// A value outside the enumeration is the nearest of it.
     void SetEllipsisMode(Text::EEllipsisMode a_mode);
     [[nodiscard]] Text::EEllipsisMode EllipsisMode() const;
 
@@ -75,9 +70,15 @@ public:
     void SetSize(int a_width, int a_height);
     /// The size that was set, or else the text's own.
     [[nodiscard]] STextSize Size() const;
-    /// What the text needs, in whole pixels.
+    /// The same as the actor's preference, in whole pixels.
     [[nodiscard]] STextSize PreferredSize() const;
+    /// What the text needs on one line, whatever size was set.
+    [[nodiscard]] STextSize NaturalSize() const;
 
+    /// What lies outside this rectangle of the text isn't shown.
+    void Clip(const Common::CAABB& a_rectangle);
+
+    /// A text that has been placed out of sight (ECentring::Unsigned) isn't drawn.
     void MoveTo(const Common::CPoint& a_position);
     [[nodiscard]] Common::CPoint Position() const;
 

@@ -33,7 +33,7 @@ bool CTextureLayer::Retrieve(const Common::CAABB& a_rectangle)
 
 bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle)
 {
-    if (m_file != a_path || !m_owned)
+    if (m_file != a_path)
     {
         DropTexture();
         m_valid = Textures().LoadFileAsTexture(a_path, 0, 0, 0, 0, m_quads, m_texture);
@@ -45,6 +45,16 @@ bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB&
         m_quads.assign(1, Utilities::WholeTexture(a_rectangle));
     }
     return m_valid;
+}
+
+bool CTextureLayer::RetrieveImage(const std::string& a_name, bool a_isFile, const Common::CAABB& a_rectangle)
+{
+    if (a_isFile)
+    {
+        return RetrieveFile(a_name, a_rectangle);
+    }
+    m_element = a_name;
+    return Retrieve(a_rectangle);
 }
 
 bool CTextureLayer::RetrieveData(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel)
@@ -74,9 +84,9 @@ void CTextureLayer::Draw() const
     }
 }
 
-int CTextureLayer::Margin(Margins::EMargin a_margin) const
+Common::SMargins CTextureLayer::Margins() const
 {
-    return Textures().GetElementMargin(m_element, a_margin);
+    return Textures().GetElementMargins(m_element);
 }
 
 } // namespace Gfx::Widgets

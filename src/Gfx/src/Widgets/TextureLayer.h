@@ -25,13 +25,16 @@ public:
     /// leaves a layer that is not valid and draws nothing.
     bool Retrieve(const Common::CAABB& a_rectangle);
 
-    /// The same for an image file, whose path is used as it stands. The layer keeps the image, and loads it again only
-    /// when the path has changed or the texture was dropped.
+    /// The same for an image file, whose path is used as it stands. The layer keeps the image, and reads the file again
+    /// only when the path has changed or the texture was dropped; one that can't be read isn't tried again, either.
     bool RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle);
 
     /// The same for pixels in memory, as Managers::CTextureManager::LoadDataAsTexture takes them; they draw at their
     /// own size.
     bool RetrieveData(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel);
+
+    /// An image that may be either: RetrieveFile() if a_isFile, else Retrieve() of the element of that name.
+    bool RetrieveImage(const std::string& a_name, bool a_isFile, const Common::CAABB& a_rectangle);
 
     /// Draws the layer if it is valid, in the current colour. Called while the control paints.
     void Draw() const;
@@ -43,8 +46,8 @@ public:
     [[nodiscard]] bool HasTexture() const { return m_texture != nullptr; }
     void DropTexture();
 
-    /// The width of one of the element's borders, in pixels; 0 if it isn't known.
-    [[nodiscard]] int Margin(Margins::EMargin a_margin) const;
+    /// The widths of the element's borders, in pixels; 0 if it isn't known.
+    [[nodiscard]] Common::SMargins Margins() const;
 
     [[nodiscard]] const std::string& Element() const { return m_element; }
     void Element(const std::string& a_element) { m_element = a_element; }

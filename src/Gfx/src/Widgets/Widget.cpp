@@ -10,6 +10,7 @@
 #include "Widgets/EnhancedGroup.h"
 #include "Widgets/Property.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <utility>
@@ -37,6 +38,11 @@ Common::CPoint PointFromString(const std::string& a_text)
     return {x, hasY ? NumberFromText(a_text, comma + 1) : 0};
 }
 
+int Side(int a_length)
+{
+    return std::clamp(a_length, -CWidget::k_longestSide, CWidget::k_longestSide);
+}
+
 void DrawWidget(void* a_widget)
 {
     static_cast<const CWidget*>(a_widget)->Draw();
@@ -58,7 +64,12 @@ bool Agrees(const detail::CWidgetList& a_children, HandlerT* a_handler, Argument
 
 CWidget::CWidget(const std::string& a_name, const std::string& a_type, int a_x, int a_y, int a_width, int a_height,
                  bool a_scissor)
-    : m_scissor(a_scissor), m_topLeft(a_x, a_y), m_width(a_width), m_height(a_height), m_name(a_name), m_type(a_type)
+    : m_scissor(a_scissor)
+    , m_topLeft(a_x, a_y)
+    , m_width(Side(a_width))
+    , m_height(Side(a_height))
+    , m_name(a_name)
+    , m_type(a_type)
 {
     CWidget::SetTransparency(100, false);
 }
@@ -83,20 +94,27 @@ void CWidget::InitialiseClutterGroup()
     m_actor = CLUTTER_ACTOR(g_object_ref_sink(actor));
     clutter_actor_set_position(m_actor, static_cast<float>(m_topLeft.X()), static_cast<float>(m_topLeft.Y()));
     clutter_actor_set_size(m_actor, static_cast<float>(m_width), static_cast<float>(m_height));
-    if (m_scissor)
-    {
-        const Common::CPoint absolute = AbsoluteTopLeft();
-        const std::int64_t displayHeight =
-            Core::Patterns::StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
-        enhanced_group_set_scissor(CLUTTER_ENHANCEDGROUP(m_actor), absolute.X(),
-                                   Common::detail::Saturated(displayHeight - m_height - absolute.Y()), m_width,
-                                   m_height);
-    }
+    UpdateScissor({});
     painted_group_set_painter(PAINTED_GROUP(m_actor), DrawWidget, this);
     if (m_visibilityChangedHandler != nullptr)
     {
         m_visibilityChangedHandler->Execute(this, true);
     }
+}
+
+void CWidget::UpdateScissor(const Common::SMargins& a_margins)
+{
+    if (!m_scissor || m_actor == nullptr)
+    {
+        return;
+    }
+    const Common::CPoint absolute = AbsoluteTopLeft();
+    const std::int64_t displayHeight = Core::Patterns::StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
+    // The rectangle begins at its lower left corner, and counts from the bottom of the display.
+    enhanced_group_set_scissor(CLUTTER_ENHANCEDGROUP(m_actor),
+                               Common::detail::Saturated(std::int64_t{absolute.X()} + a_margins.left),
+                               Common::detail::Saturated(displayHeight - m_height - absolute.Y() + a_margins.bottom),
+                               m_width - a_margins.Horizontal(), m_height - a_margins.Vertical());
 }
 
 CWidget::~CWidget()
@@ -264,17 +282,23 @@ void CWidget::Move(const Common::CPoint& a_topLeft)
 
 void CWidget::Resize(int a_width, int a_height)
 {
-    if (!Agrees(m_children, m_resizeHandler, this, a_width, a_height))
+    static_cast<void>(ResizeSelf(a_width, a_height));
+}
+
+bool CWidget::ResizeSelf(int a_width, int a_height)
+{
+    const CLife life(m_children);
+    if (Agrees(m_children, m_resizeHandler, this, a_width, a_height))
     {
-        return;
+        m_width = Side(a_width);
+        m_height = Side(a_height);
+        if (ClutterActor* actor = GetActor())
+        {
+            clutter_actor_set_size(actor, static_cast<float>(m_width), static_cast<float>(m_height));
+        }
+        Invalidate(false);
     }
-    m_width = a_width;
-    m_height = a_height;
-    if (ClutterActor* actor = GetActor())
-    {
-        clutter_actor_set_size(actor, static_cast<float>(a_width), static_cast<float>(a_height));
-    }
-    Invalidate(false);
+    return !life.IsOver();
 }
 
 bool CWidget::CanBeChild()

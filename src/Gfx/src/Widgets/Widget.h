@@ -5,6 +5,7 @@
 #include "Core/SharedPtr.h"
 #include "Gfx/Common/AABB.h"
 #include "Gfx/Common/Colour.h"
+#include "Gfx/Common/Margins.h"
 #include "Gfx/Common/MouseEvent.h"
 #include "Gfx/Common/Point.h"
 #include "Widgets/WidgetList.h"
@@ -62,6 +63,10 @@ public:
     using MouseHandler =
         Core::Functor<void, CWidget*, Events::EMouseEvent, int, const Common::CPoint&, bool>::Signature;
 
+    /// The longest side of a widget, in pixels: what the scene graph's numbers tell exactly. Sums of a few sides and
+    /// margins are safe in int.
+    static constexpr int k_longestSide = 1 << 24;
+
     /// a_x and a_y are pixels from the top left of the parent, or of the stage; a_type is the control's word in status
     /// dumps; with a_scissor the children are clipped to the widget's rectangle as it is on the screen when
     /// InitialiseClutterGroup() runs.
@@ -111,7 +116,7 @@ public:
     /// The widget's place on the stage may have changed.
     virtual void NotifyPositionChanged();
 
-    /// Neither operation adjusts a scissor rectangle or notifies the children.
+    /// Neither operation adjusts a scissor rectangle or notifies the children. A side is kept within k_longestSide.
     virtual void Move(const Common::CPoint& a_topLeft);
     virtual void Resize(int a_width, int a_height);
 
@@ -244,6 +249,23 @@ public:
     void SetMouseEventHandler(MouseHandler* a_handler) { m_mouseHandler = a_handler; }
 
 protected:
+    /// Tells, during an operation that runs handlers, whether one of them has ended the widget: give it Children().
+    using CLife = detail::CWidgetList::CLife;
+
+    /// Resize() of this class, for overrides that go on with work of their own; false if the resize handler has
+    /// ended the widget. A handler that refuses makes no difference here.
+    [[nodiscard]] bool ResizeSelf(int a_width, int a_height);
+
+    /// For a control that is another one with more to it: the word of its own in status dumps.
+    void SetType(const std::string& a_type) { m_type = a_type; }
+
+    /// Whether the children are clipped.
+    [[nodiscard]] bool HasScissor() const { return m_scissor; }
+
+    /// Clips the children to the widget's rectangle as it is on the screen now, less a_margins. Does nothing on a
+    /// widget that doesn't clip.
+    void UpdateScissor(const Common::SMargins& a_margins);
+
     void SetCustomInfo(const std::string& a_name, const std::string& a_value);
 
     /// Queues a redraw as Invalidate(false) of this class does, for what changes no layout.

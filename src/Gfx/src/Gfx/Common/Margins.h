@@ -1,5 +1,22 @@
 #pragma once
 
+namespace Gfx::Common
+{
+
+/// How much of a box is kept free at each side, in pixels.
+struct SMargins
+{
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    [[nodiscard]] constexpr int Horizontal() const { return left + right; }
+    [[nodiscard]] constexpr int Vertical() const { return top + bottom; }
+};
+
+} // namespace Gfx::Common
+
 namespace Gfx::Margins
 {
 

@@ -3,17 +3,20 @@
 #include "Core/StaticSingleton.h"
 #include "Managers/Config/ConfigManager.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 namespace Gfx::Managers
 {
 
 /// One key of a control's style: where in the configuration it stands, and which member of the style takes it. The
-/// default is the member's initialiser.
+/// default is the member's initialiser. Numbers are pixels, percents and the like, and are kept within k_largestNumber,
+/// so that controls can add them up without fear.
 template <typename StyleT>
 struct SStyleKey
 {
@@ -21,9 +24,11 @@ struct SStyleKey
     std::variant<int StyleT::*, std::string StyleT::*> member;
 };
 
-/// A control's style, read by its table of keys.
+constexpr int k_largestNumber = 1 << 24;
+
+/// A control's style, read by its table of keys, whose paths begin behind a_prefix.
 template <typename StyleT, std::size_t Count>
-StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys)
+StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys, const std::string& a_prefix = "")
 {
     const CConfigManager& config = Core::Patterns::StaticSingleton<CConfigManager>::ref();
     StyleT style;
@@ -33,7 +38,11 @@ StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys)
             [&](auto a_member)
             {
                 auto& value = style.*a_member;
-                value = config.Get(std::string(key.path), value);
+                value = config.Get(a_prefix + std::string(key.path), value);
+                if constexpr (std::is_same_v<decltype(value), int&>)
+                {
+                    value = std::clamp(value, -k_largestNumber, k_largestNumber);
+                }
             },
             key.member);
     }

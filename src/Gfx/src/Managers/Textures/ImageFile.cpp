@@ -8,13 +8,6 @@
 namespace Gfx::Managers::detail
 {
 
-namespace
-{
-
-constexpr int k_longestSide = 8192;
-
-} // namespace
-
 void* LoadImageFile(const std::string& a_path, const std::string& a_logSource)
 {
     GError* error = nullptr;

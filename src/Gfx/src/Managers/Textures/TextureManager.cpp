@@ -40,16 +40,6 @@ bool IsWithin(int a_start, int a_length, int a_pageLength)
     return a_start >= 0 && a_start < a_pageLength && end >= 0 && end <= a_pageLength;
 }
 
-/// The first page, in the order of the file, that has what the theme makes of a name; null if there is none.
-template <typename PagesT>
-auto FindPage(PagesT& a_pages, const std::string& a_resolvedName) -> decltype(&a_pages.front())
-{
-    const auto page =
-        std::find_if(a_pages.begin(), a_pages.end(),
-                     [&a_resolvedName](const CTexturePage& a_page) { return a_page.HasElement(a_resolvedName); });
-    return page != a_pages.end() ? &*page : nullptr;
-}
-
 std::string ThroughTheme(const std::string& a_name)
 {
     return StaticSingleton<CThemeManager>::ref().Element(a_name, a_name);
@@ -135,6 +125,8 @@ void CTextureManager::ReadElement(const Core::IO::XMLNode& a_element, const std:
         element->SetBorders(Number(a_element, "border-top", border), Number(a_element, "border-bottom", border),
                             Number(a_element, "border-left", border), Number(a_element, "border-right", border));
         a_page.AddElement(name, element);
+        // The first page that has a name keeps it.
+        m_pageOfElement.emplace(name, &a_page);
     }
 }
 
@@ -151,15 +143,22 @@ bool CTextureManager::RetrieveTexture(const std::string& a_name, int a_x, int a_
 {
     a_texture = nullptr;
     const std::string name = ThroughTheme(a_name);
-    CTexturePage* const page = FindPage(m_pages, name);
-    return page != nullptr && page->RetrieveElement(name, a_x, a_y, a_width, a_height, a_quads, a_texture);
+    const auto page = m_pageOfElement.find(name);
+    return page != m_pageOfElement.end() &&
+           page->second->RetrieveElement(name, a_x, a_y, a_width, a_height, a_quads, a_texture);
 }
 
 int CTextureManager::GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const
 {
     const std::string name = ThroughTheme(a_name);
-    const CTexturePage* const page = FindPage(m_pages, name);
-    return page != nullptr ? page->GetElementMargin(name, a_margin) : 0;
+    const auto page = m_pageOfElement.find(name);
+    return page != m_pageOfElement.end() ? page->second->GetElementMargin(name, a_margin) : 0;
+}
+
+Common::SMargins CTextureManager::GetElementMargins(const std::string& a_name) const
+{
+    return {GetElementMargin(a_name, Margins::Left), GetElementMargin(a_name, Margins::Top),
+            GetElementMargin(a_name, Margins::Right), GetElementMargin(a_name, Margins::Bottom)};
 }
 
 bool CTextureManager::LoadDataAsTexture(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel,
@@ -177,7 +176,8 @@ bool CTextureManager::LoadDataAsTexture(const unsigned char* a_data, int a_width
     {
         return false;
     }
-    a_texture = a_width > 0 && a_height > 0
+    const auto isPossible = [](int a_side) { return a_side > 0 && a_side <= detail::k_longestSide; };
+    a_texture = isPossible(a_width) && isPossible(a_height)
                     ? cogl_texture_new_from_data(static_cast<guint>(a_width), static_cast<guint>(a_height), 0, TRUE,
                                                  format, COGL_PIXEL_FORMAT_ANY, 0, a_data)
                     : nullptr;

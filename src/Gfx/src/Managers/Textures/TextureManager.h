@@ -9,6 +9,7 @@
 
 #include <list>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace Gfx::Managers
@@ -45,6 +46,9 @@ public:
     /// The width of one border of an element, in pixels; 0 if no page has it.
     [[nodiscard]] int GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const;
 
+    /// All four.
+    [[nodiscard]] Common::SMargins GetElementMargins(const std::string& a_name) const;
+
     /// Makes a texture of pixels in memory, rows from the top without padding: one byte each for alpha, three for red,
     /// green, blue, four with alpha behind them. It draws at its own size. The texture is never released by the
     /// library. False if a_data is null, for any other number of bytes, or if the texture can't be made.
@@ -61,6 +65,7 @@ private:
     void ReadElement(const Core::IO::XMLNode& a_element, const std::string& a_imageFile, CTexturePage& a_page);
 
     std::list<CTexturePage> m_pages;
+    std::unordered_map<std::string, CTexturePage*> m_pageOfElement;
     std::string m_directory;
 };
 

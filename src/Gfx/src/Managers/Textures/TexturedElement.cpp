@@ -14,6 +14,10 @@ namespace
 {
 
 constexpr std::size_t k_lines = 4;
+
+/// What fixed point can tell; controls add borders up without fear.
+constexpr int k_widestBorder = 32767;
+
 using Lines = std::array<CoglFixed, k_lines>;
 
 /// A position in whole pixels as 16.16 fixed point, or the nearest that it can tell.
@@ -56,11 +60,8 @@ CTexturedElement::CTexturedElement(int a_left, int a_top, int a_width, int a_hei
 CSimpleElement::CSimpleElement(int a_left, int a_top, int a_width, int a_height, int a_pageWidth, int a_pageHeight,
                                int a_border)
     : CTexturedElement(a_left, a_top, a_width, a_height, a_pageWidth, a_pageHeight)
-    , m_topBorder(a_border)
-    , m_bottomBorder(a_border)
-    , m_leftBorder(a_border)
-    , m_rightBorder(a_border)
 {
+    CSimpleElement::SetBorders(a_border, a_border, a_border, a_border);
 }
 
 void CSimpleElement::Generate(int a_x, int a_y, int a_width, int a_height, std::vector<STexturedQuad>& a_quads) const
@@ -99,10 +100,10 @@ int CSimpleElement::GetElementMargin(Margins::EMargin a_margin) const
 
 void CSimpleElement::SetBorders(int a_top, int a_bottom, int a_left, int a_right)
 {
-    m_topBorder = a_top;
-    m_bottomBorder = a_bottom;
-    m_leftBorder = a_left;
-    m_rightBorder = a_right;
+    m_topBorder = std::clamp(a_top, -k_widestBorder, k_widestBorder);
+    m_bottomBorder = std::clamp(a_bottom, -k_widestBorder, k_widestBorder);
+    m_leftBorder = std::clamp(a_left, -k_widestBorder, k_widestBorder);
+    m_rightBorder = std::clamp(a_right, -k_widestBorder, k_widestBorder);
 }
 
 } // namespace Gfx::Managers

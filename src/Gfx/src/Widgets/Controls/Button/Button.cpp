@@ -19,7 +19,7 @@ constexpr int k_priority = 10000;
 constexpr const char* k_defaultSet = "Default";
 
 /// What a button keeps its content from its edges, whatever it is drawn with.
-constexpr STextMargins k_margins{3, 3, 3, 3};
+constexpr Common::SMargins k_margins{3, 3, 3, 3};
 
 /// What a disabled button's picture is multiplied by.
 constexpr int k_disabledGrey = 128;
@@ -76,28 +76,25 @@ void CButton::STextureSet::DropTextures()
 
 CButton::CButton(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_allowHover)
     : CWidget(a_name, "Button", a_x, a_y, a_width, a_height, false)
-    , m_font("Button")
+    , m_text("Button")
     , m_allowHover(a_allowHover)
-    , m_currentSet(k_defaultSet)
+    , m_current(m_textureSets.try_emplace(k_defaultSet).first)
 {
     InitialiseClutterGroup();
     const auto style = Managers::ReadStyle(s_styleKeys);
     SetFlashTexture(style.flash);
     MousePriority(k_priority);
     SetTextures(style.inactive, style.hover, style.active, k_defaultSet);
-    m_label.Create(GetActor(), m_font, "");
+    m_text.Create(GetActor());
     if (Core::Patterns::StaticSingleton<Managers::CConfigManager>::ref().ClipText())
     {
-        clutter_actor_set_clip(GetActor(), 0, 0, static_cast<float>(a_width), static_cast<float>(a_height));
+        clutter_actor_set_clip(GetActor(), 0, 0, static_cast<float>(Width()), static_cast<float>(Height()));
     }
-    SetEllipsisMode(Text::eemNone);
-    UpdateLabelPosition();
-    CButton::UpdateCustomInfo();
 }
 
 void CButton::LoadTextures()
 {
-    for (CTextureLayer& layer : m_textureSets[m_currentSet].layers)
+    for (CTextureLayer& layer : m_current->second.layers)
     {
         if (!layer.HasTexture())
         {
@@ -119,16 +116,8 @@ void CButton::LoadImage()
         PlaceImage(Height(), m_imageHeight, k_margins.top, k_margins.bottom, vertical == eaTop, vertical == eaBottom),
         m_imageWidth, m_imageHeight);
     const Core::Localisation::CManager* localisation = Core::Localisation::CManager::Instance();
-    const std::string name = localisation != nullptr ? localisation->ProcessEscapes(m_imageName) : m_imageName;
-    if (m_imageIsFile)
-    {
-        m_image.RetrieveFile(name, place);
-    }
-    else
-    {
-        m_image.Element(name);
-        m_image.Retrieve(place);
-    }
+    m_image.RetrieveImage(localisation != nullptr ? localisation->ProcessEscapes(m_imageName) : m_imageName,
+                          m_imageIsFile, place);
 }
 
 void CButton::Text(const std::string& a_text)
@@ -141,25 +130,22 @@ void CButton::Text(const std::string& a_text)
 
 void CButton::Font(const Text::CFontSettings& a_font)
 {
-    m_font = a_font;
-    m_label.SetFontName(m_font.AsString());
+    m_text.Font(a_font);
     UpdateDisabled();
     UpdateLabelPosition();
 }
 
 void CButton::ParseMarkup(bool a_parse)
 {
-    if (a_parse != m_parseMarkup)
+    if (m_text.ParseMarkup(a_parse))
     {
-        m_parseMarkup = a_parse;
-        m_label.UseMarkup(a_parse);
         UpdateLabelPosition();
     }
 }
 
 void CButton::SetEllipsisMode(Text::EEllipsisMode a_mode)
 {
-    m_label.SetEllipsisMode(a_mode);
+    m_text.Actor().SetEllipsisMode(a_mode);
     UpdateLabelPosition();
 }
 
@@ -214,7 +200,7 @@ void CButton::SetTextures(const std::string& a_inactive, const std::string& a_ho
         set.layers[i].Element(*names[i]);
     }
     set.DropTextures();
-    if (a_setName == m_currentSet)
+    if (a_setName == TextureSet())
     {
         LoadTextures();
         QueueRedraw();
@@ -223,9 +209,10 @@ void CButton::SetTextures(const std::string& a_inactive, const std::string& a_ho
 
 void CButton::ChangeTextureSet(const std::string& a_setName)
 {
-    if (a_setName != m_currentSet && m_textureSets.count(a_setName) != 0)
+    const auto set = m_textureSets.find(a_setName);
+    if (set != m_current && set != m_textureSets.end())
     {
-        m_currentSet = a_setName;
+        m_current = set;
         LoadTextures();
         Invalidate(false);
     }
@@ -270,9 +257,9 @@ void CButton::Disabled(bool a_disabled)
 
 void CButton::UpdateDisabled()
 {
-    const CColour& colour = m_font.colour;
+    const CColour& colour = m_text.Font().colour;
     const auto half = [](unsigned char a_component) { return static_cast<unsigned char>(a_component >> 1U); };
-    m_label.SetColour(
+    m_text.Actor().SetColour(
         m_disabled ? CColour(half(colour.Red()), half(colour.Green()), half(colour.Blue()), colour.Alpha()) : colour);
 }
 
@@ -292,11 +279,7 @@ void CButton::DrawSelf() const
     {
         Utilities::SetColour(colour);
     }
-    const auto set = m_textureSets.find(m_currentSet);
-    if (set != m_textureSets.end())
-    {
-        set->second.layers[m_state].Draw();
-    }
+    m_current->second.layers[m_state].Draw();
     if (m_flashing && m_flash.IsValid())
     {
         DrawFlash(colour);
@@ -345,10 +328,12 @@ void CButton::Idle()
 
 void CButton::Resize(int a_width, int a_height)
 {
-    CWidget::Resize(a_width, a_height);
-    m_textureSets[m_currentSet].DropTextures();
-    LoadTextures();
-    LoadFlashTexture();
+    if (ResizeSelf(a_width, a_height))
+    {
+        m_current->second.DropTextures();
+        LoadTextures();
+        LoadFlashTexture();
+    }
 }
 
 void CButton::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote)
@@ -403,8 +388,7 @@ std::string CButton::GetProperty(const std::string& a_name, const std::string& a
 void CButton::UpdateLocalisedText()
 {
     m_text.Refresh();
-    m_label.SetText(m_text.Display());
-    m_debugLabel.Update(GetActor(), m_text, m_parseMarkup, Width());
+    m_text.UpdateDebugLabel(Width());
     Invalidate(false);
     CWidget::UpdateLocalisedText();
 }
@@ -412,15 +396,15 @@ void CButton::UpdateLocalisedText()
 void CButton::UpdateStyle()
 {
     CWidget::UpdateStyle();
-    m_font.UpdateStyle();
+    m_text.UpdateStyle();
     for (auto& [name, set] : m_textureSets)
     {
         set.DropTextures();
     }
     LoadTextures();
     LoadFlashTexture();
-    const Text::CFontSettings font = m_font;
-    Font(font);
+    UpdateDisabled();
+    UpdateLabelPosition();
     QueueRedraw();
 }
 
@@ -429,30 +413,33 @@ void CButton::UpdateCustomInfo()
     const auto yesOrNo = [](bool a_value) { return a_value ? "Yes" : "No"; };
     SetCustomInfo("Text", m_text.Display());
     SetCustomInfo("Image", m_hasImage ? m_imageName : "");
-    SetCustomInfo("TextureSet", m_currentSet);
+    SetCustomInfo("TextureSet", TextureSet());
     SetCustomInfo("Flashing", yesOrNo(m_flashing));
     SetCustomInfo("Disabled", yesOrNo(m_disabled));
 }
 
 void CButton::UpdateLabelPosition()
 {
-    if (!m_label.Exists() || clutter_actor_get_stage(GetActor()) == nullptr)
+    if (clutter_actor_get_stage(GetActor()) == nullptr)
     {
         return;
     }
-    const int available = Width() - k_margins.right - k_margins.left;
-    m_label.SetSize(-1, -1);
-    STextSize textSize = m_label.Size();
+    CTextActor& actor = m_text.Actor();
+    const int available = Width() - k_margins.Horizontal();
+    STextSize textSize = actor.NaturalSize();
     // As unsigned numbers: a button narrower than its margins has all the room there is.
-    if (m_label.EllipsisMode() != Text::eemNone &&
+    if (actor.EllipsisMode() != Text::eemNone &&
         static_cast<unsigned>(available) < static_cast<unsigned>(textSize.width))
     {
-        m_label.SetWidth(available);
-        textSize = m_label.Size();
+        actor.SetWidth(available);
+        textSize = actor.Size();
     }
-    m_label.AlignLines(m_font.alignment);
-    m_label.MoveTo(PlaceText({Width(), Height()}, textSize, k_margins, m_font.alignment, ECentring::Unsigned));
-    m_debugLabel.Place(GetActor(), m_label, k_margins, textSize);
+    else
+    {
+        actor.SetSize(-1, -1);
+    }
+    m_text.Place({Width(), Height()}, textSize, k_margins, ECentring::Unsigned);
+    m_text.PlaceDebugLabel(k_margins, textSize);
 }
 
 } // namespace Gfx::Widgets

@@ -2,10 +2,7 @@
 
 #include "Core/Api.h"
 #include "Gfx/Common/Alignment.h"
-#include "Gfx/Text/FontSettings.h"
-#include "Gfx/Text/LocalisedText.h"
-#include "Widgets/DebugLocaleLabel.h"
-#include "Widgets/TextActor.h"
+#include "Widgets/ControlText.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
@@ -48,11 +45,11 @@ public:
     [[nodiscard]] std::string Text() const { return m_text.Id(); }
     void Text(const std::string& a_text);
 
-    [[nodiscard]] Text::CFontSettings& Font() { return m_font; }
+    [[nodiscard]] Text::CFontSettings& Font() { return m_text.Font(); }
     void Font(const Text::CFontSettings& a_font);
 
     /// Whether the text is Pango markup.
-    [[nodiscard]] bool ParseMarkup() const { return m_parseMarkup; }
+    [[nodiscard]] bool ParseMarkup() const { return m_text.ParseMarkup(); }
     void ParseMarkup(bool a_parse);
 
     void SetEllipsisMode(Text::EEllipsisMode a_mode);
@@ -72,7 +69,7 @@ public:
     /// Does nothing if there is no such set. A set's quads are kept: one that comes back after a resize is drawn at its
     /// old size, until something makes them anew.
     void ChangeTextureSet(const std::string& a_setName);
-    [[nodiscard]] const std::string& TextureSet() const { return m_currentSet; }
+    [[nodiscard]] const std::string& TextureSet() const { return m_current->first; }
 
     void SetFlashTexture(const std::string& a_element);
 
@@ -120,10 +117,10 @@ private:
     void DrawFlash(const CColour& a_colour) const;
     void UpdateLabelPosition();
 
-    CDebugLocaleLabel m_debugLabel;
-    CTextActor m_label;
+    using TextureSets = std::map<std::string, STextureSet>;
+
+    CControlText m_text;
     EState m_state = ebsInactive;
-    Text::CFontSettings m_font;
     bool m_allowHover;
     bool m_hasImage = false;
     int m_imageAlignment = eaDefault;
@@ -132,11 +129,9 @@ private:
     int m_imageWidth = 0;
     int m_imageHeight = 0;
     CTextureLayer m_image;
-    std::map<std::string, STextureSet> m_textureSets;
-    std::string m_currentSet;
+    TextureSets m_textureSets;
+    TextureSets::iterator m_current;
     CTextureLayer m_flash;
-    Text::CLocalisedText m_text;
-    bool m_parseMarkup = false;
     bool m_disabled = false;
     bool m_flashing = false;
     int m_flashPeriod = 12;

@@ -1,7 +1,7 @@
 #include "Widgets/Controls/CheckBox/CheckBox.h"
 
 #include "Gfx/Common/Alignment.h"
-#include "Managers/Config/ConfigManager.h"
+#include "Managers/Config/StyleKeys.h"
 #include "Platform/Clutter/Clutter.h"
 #include "Widgets/Property.h"
 
@@ -12,6 +12,24 @@ namespace Gfx::Widgets
 
 namespace
 {
+
+struct SStyle
+{
+    std::string background = "Panel_Down";
+    std::string checked = "Indicator_Up";
+    int imageWidth = 20;
+    int imageHeight = 20;
+    int imageBuffer = 5;
+};
+
+/// The kinds of check box have the same keys, each below its own word.
+constexpr std::array s_styleKeys{
+    Managers::SStyleKey<SStyle>{"/Textures/Background", &SStyle::background},
+    Managers::SStyleKey<SStyle>{"/Textures/Checked", &SStyle::checked},
+    Managers::SStyleKey<SStyle>{"/Image/Width", &SStyle::imageWidth},
+    Managers::SStyleKey<SStyle>{"/Image/Height", &SStyle::imageHeight},
+    Managers::SStyleKey<SStyle>{"/Image/Buffer", &SStyle::imageBuffer},
+};
 
 constexpr std::array s_properties{
     SProperty<CCheckBox>{"Checked", [](const CCheckBox& a_box) { return TextFromBool(a_box.Checked()); },
@@ -29,25 +47,21 @@ CCheckBox::CCheckBox(const std::string& a_name, int a_x, int a_y, int a_width, i
 
 CCheckBox::CCheckBox(const std::string& a_name, const std::string& a_type, int a_x, int a_y, int a_width, int a_height,
                      const std::string& a_text)
-    : CWidget(a_name, a_type, a_x, a_y, a_width, a_height, false), m_font(a_type)
+    : CWidget(a_name, a_type, a_x, a_y, a_width, a_height, false), m_text(a_type)
 {
     InitialiseClutterGroup();
-    // The kinds of check box have the same keys, each below its own word.
-    const Managers::CConfigManager& config = Core::Patterns::StaticSingleton<Managers::CConfigManager>::ref();
-    const std::string keys = "/Gfx/Controls/" + a_type;
-    m_background.Element(config.Get<std::string>(keys + "/Textures/Background", "Panel_Down"));
-    m_mark.Element(config.Get<std::string>(keys + "/Textures/Checked", "Indicator_Up"));
-    m_imageWidth = config.Get<int>(keys + "/Image/Width", 20);
-    m_imageHeight = config.Get<int>(keys + "/Image/Height", 20);
-    m_imageBuffer = config.Get<int>(keys + "/Image/Buffer", 5);
+    const auto style = Managers::ReadStyle(s_styleKeys, "/Gfx/Controls/" + a_type);
+    m_background.Element(style.background);
+    m_mark.Element(style.checked);
+    m_imageWidth = style.imageWidth;
+    m_imageHeight = style.imageHeight;
+    m_imageBuffer = style.imageBuffer;
     CCheckBox::Resize(a_width, m_imageHeight);
-    m_label.Create(GetActor(), m_font, "");
-    m_label.SetWidth(Width() - m_imageWidth - m_imageBuffer);
-    m_label.WrapLines(true);
+    m_text.Create(GetActor());
+    m_text.Actor().SetWidth(Width() - TextLeft());
+    m_text.Actor().WrapLines(true);
     m_text.SetRaw(a_text);
     CCheckBox::UpdateLocalisedText();
-    UpdateLabelPosition();
-    CCheckBox::UpdateCustomInfo();
 }
 
 void CCheckBox::Checked(bool a_checked)
@@ -72,38 +86,34 @@ void CCheckBox::Text(const std::string& a_text)
 
 void CCheckBox::Font(const Text::CFontSettings& a_font)
 {
-    m_font = a_font;
-    m_label.SetFont(m_font);
+    m_text.Font(a_font);
     UpdateLabelPosition();
 }
 
 void CCheckBox::LoadTextures()
 {
-    const int left = m_background.Margin(Margins::Left);
-    const int top = m_background.Margin(Margins::Top);
-    const int right = m_background.Margin(Margins::Right);
-    const int bottom = m_background.Margin(Margins::Bottom);
+    const Common::SMargins margins = m_background.Margins();
     m_background.Retrieve({0, 0, m_imageWidth, m_imageHeight});
     // The left margin stands for the top one in the mark's place, though not in its height.
-    m_mark.Retrieve({left, left, m_imageWidth - left - right, m_imageHeight - top - bottom});
+    m_mark.Retrieve(
+        {margins.left, margins.left, m_imageWidth - margins.Horizontal(), m_imageHeight - margins.Vertical()});
+}
+
+int CCheckBox::TextLeft() const
+{
+    return m_imageWidth + m_imageBuffer;
 }
 
 void CCheckBox::UpdateLabelPosition()
 {
-    if (!m_label.Exists())
-    {
-        return;
-    }
-    const STextMargins margins{.left = m_imageWidth + m_imageBuffer};
-    const STextSize textSize = m_label.PreferredSize();
-    m_label.AlignLines(eaLeft);
-    m_label.MoveTo(PlaceText({Width(), Height()}, textSize, margins, eaLeft | eaMiddle, ECentring::Truncating));
+    const STextSize textSize = m_text.Actor().PreferredSize();
+    m_text.Place({Width(), Height()}, textSize, {.left = TextLeft()}, eaLeft | eaMiddle, ECentring::Truncating);
     if (Core::Patterns::StaticSingleton<Managers::CConfigManager>::ref().ClipText())
     {
-        clutter_actor_set_clip(GetActor(), 0, 0, static_cast<float>(Width() - m_imageWidth - m_imageBuffer),
+        clutter_actor_set_clip(GetActor(), 0, 0, static_cast<float>(Width() - TextLeft()),
                                static_cast<float>(Height()));
     }
-    m_debugLabel.Place(GetActor(), m_label, {}, textSize);
+    m_text.PlaceDebugLabel({}, textSize);
 }
 
 void CCheckBox::DrawSelf() const
@@ -117,8 +127,10 @@ void CCheckBox::DrawSelf() const
 
 void CCheckBox::Resize(int a_width, int a_height)
 {
-    CWidget::Resize(a_width, a_height);
-    LoadTextures();
+    if (ResizeSelf(a_width, a_height))
+    {
+        LoadTextures();
+    }
 }
 
 void CCheckBox::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote)
@@ -153,8 +165,7 @@ std::string CCheckBox::GetProperty(const std::string& a_name, const std::string&
 void CCheckBox::UpdateLocalisedText()
 {
     m_text.Refresh();
-    m_label.SetText(m_text.Display());
-    m_debugLabel.Update(GetActor(), m_text, false, Width());
+    m_text.UpdateDebugLabel(Width());
     UpdateLabelPosition();
     Invalidate(false);
     CWidget::UpdateLocalisedText();
@@ -163,10 +174,9 @@ void CCheckBox::UpdateLocalisedText()
 void CCheckBox::UpdateStyle()
 {
     CWidget::UpdateStyle();
-    m_font.UpdateStyle();
+    m_text.UpdateStyle();
     LoadTextures();
-    const Text::CFontSettings font = m_font;
-    Font(font);
+    UpdateLabelPosition();
     QueueRedraw();
 }
 

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "Core/Api.h"
-#include "Gfx/Text/FontSettings.h"
-#include "Gfx/Text/LocalisedText.h"
-#include "Widgets/DebugLocaleLabel.h"
-#include "Widgets/TextActor.h"
+#include "Widgets/ControlText.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
@@ -35,7 +32,7 @@ public:
     [[nodiscard]] std::string Text() const { return m_text.Id(); }
     void Text(const std::string& a_text);
 
-    [[nodiscard]] const Text::CFontSettings& Font() const { return m_font; }
+    [[nodiscard]] const Text::CFontSettings& Font() const { return m_text.Font(); }
     void Font(const Text::CFontSettings& a_font);
 
     void LoadTextures();
@@ -58,12 +55,12 @@ protected:
     void StoreChecked(bool a_checked);
 
 private:
-    CDebugLocaleLabel m_debugLabel;
-    CTextActor m_label;
-    Text::CLocalisedText m_text;
+    /// Where the text begins, right of the indicator.
+    [[nodiscard]] int TextLeft() const;
+
+    CControlText m_text;
     bool m_checked = false;
     bool m_readOnly = false;
-    Text::CFontSettings m_font;
     int m_imageWidth = 0;
     int m_imageHeight = 0;
     int m_imageBuffer = 0;

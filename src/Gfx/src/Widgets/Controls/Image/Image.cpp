@@ -10,7 +10,6 @@ CImage::CImage(const std::string& a_name, int a_x, int a_y, int a_width, int a_h
 {
     InitialiseClutterGroup();
     SetImage(a_image);
-    CImage::UpdateCustomInfo();
 }
 
 void CImage::SetImage(const std::string& a_image)
@@ -41,16 +40,7 @@ void CImage::SetImage(const unsigned char* a_data, int a_width, int a_height, in
 
 void CImage::LoadTextures()
 {
-    const Common::CAABB whole(0, 0, Width(), Height());
-    if (m_isFile)
-    {
-        m_layer.RetrieveFile(m_imageName, whole);
-    }
-    else
-    {
-        m_layer.Element(m_imageName);
-        m_layer.Retrieve(whole);
-    }
+    m_layer.RetrieveImage(m_imageName, m_isFile, {0, 0, Width(), Height()});
 }
 
 void CImage::DrawSelf() const
@@ -60,8 +50,10 @@ void CImage::DrawSelf() const
 
 void CImage::Resize(int a_width, int a_height)
 {
-    CWidget::Resize(a_width, a_height);
-    LoadTextures();
+    if (ResizeSelf(a_width, a_height))
+    {
+        LoadTextures();
+    }
 }
 
 void CImage::UpdateStyle()

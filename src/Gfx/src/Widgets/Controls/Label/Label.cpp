@@ -16,6 +16,9 @@ namespace
 /// However wide a background's borders are, text is kept no further from the edge.
 constexpr int k_widestMargin = 8;
 
+/// A resize handler that sets another text has the label fitted again, and so on; there is an end to it.
+constexpr int k_mostFits = 8;
+
 struct SStyle
 {
     std::string raised = "Panel_Up";
@@ -45,30 +48,28 @@ constexpr std::array s_properties{
 CLabel::CLabel(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_wrap, bool a_autoSize,
                bool a_parseMarkup, const std::string& a_text, bool a_raised)
     : CWidget(a_name, "Label", a_x, a_y, a_width, a_height, false)
-    , m_font("Label")
+    , m_text("Label")
     , m_wrap(a_wrap)
     , m_autoSize(a_autoSize)
-    , m_parseMarkup(a_parseMarkup)
 {
     InitialiseClutterGroup();
     const auto style = Managers::ReadStyle(s_styleKeys);
     m_background.Element(a_raised ? style.raised : style.lowered);
     m_hasBackground = style.hasBackground == "Yes";
     LoadTextures();
-    m_label.Create(GetActor(), m_font, a_text);
-    m_label.UseMarkup(m_parseMarkup);
+    m_text.ParseMarkup(a_parseMarkup);
+    m_text.Create(GetActor(), a_text);
     if (m_autoSize)
     {
-        m_font.alignment = eaDefault;
+        m_text.Font().alignment = eaDefault;
     }
     if (m_wrap)
     {
-        m_label.SetWidth(a_width);
+        m_text.Actor().SetWidth(Width());
     }
-    m_label.WrapLines(m_wrap);
+    m_text.Actor().WrapLines(m_wrap);
     UpdateLabelPosition();
     Text(a_text);
-    CLabel::UpdateCustomInfo();
 }
 
 void CLabel::LoadTextures()
@@ -85,29 +86,34 @@ void CLabel::Text(const std::string& a_text)
     {
         return;
     }
+    const CLife life(Children());
     m_text.SetRaw(a_text);
     UpdateLocalisedText();
-    UpdateLabelPosition();
-    UpdateCustomInfo();
+    if (!life.IsOver())
+    {
+        UpdateLabelPosition();
+    }
+    if (!life.IsOver())
+    {
+        UpdateCustomInfo();
+    }
 }
 
 void CLabel::Font(const Text::CFontSettings& a_font)
 {
-    m_font = a_font;
+    Text::CFontSettings font = a_font;
     if (m_autoSize)
     {
-        m_font.alignment = eaDefault;
+        font.alignment = eaDefault;
     }
-    m_label.SetFont(m_font);
+    m_text.Font(font);
     UpdateLabelPosition();
 }
 
 void CLabel::ParseMarkup(bool a_parse)
 {
-    if (a_parse != m_parseMarkup)
+    if (m_text.ParseMarkup(a_parse))
     {
-        m_parseMarkup = a_parse;
-        m_label.UseMarkup(a_parse);
         UpdateLabelPosition();
     }
 }
@@ -139,14 +145,17 @@ void CLabel::DrawSelf() const
 
 void CLabel::Resize(int a_width, int a_height)
 {
-    CWidget::Resize(a_width, a_height);
+    if (!ResizeSelf(a_width, a_height))
+    {
+        return;
+    }
     if (m_wrap && m_autoSize)
     {
-        m_label.SetWidth(a_width);
+        m_text.Actor().SetWidth(a_width);
     }
     else if (m_wrap)
     {
-        m_label.SetSize(a_width, a_height);
+        m_text.Actor().SetSize(a_width, a_height);
     }
     LoadTextures();
     UpdateLabelPosition();
@@ -168,23 +177,25 @@ std::string CLabel::GetProperty(const std::string& a_name, const std::string& a_
 
 void CLabel::UpdateLocalisedText()
 {
+    const CLife life(Children());
     m_text.Refresh();
-    m_label.SetText(m_text.Display());
-    m_debugLabel.Update(GetActor(), m_text, m_parseMarkup, Width());
+    m_text.UpdateDebugLabel(Width());
     // A text that has changed needs placing in either mode, not only to put the debug label over it.
     UpdateLabelPosition();
-    Invalidate(false);
-    CWidget::UpdateLocalisedText();
+    if (!life.IsOver())
+    {
+        Invalidate(false);
+        CWidget::UpdateLocalisedText();
+    }
 }
 
 void CLabel::UpdateStyle()
 {
     CWidget::UpdateStyle();
-    m_font.UpdateStyle();
+    m_text.UpdateStyle();
     LoadTextures();
-    const Text::CFontSettings font = m_font;
-    Font(font);
     QueueRedraw();
+    UpdateLabelPosition();
 }
 
 void CLabel::UpdateCustomInfo()
@@ -192,38 +203,36 @@ void CLabel::UpdateCustomInfo()
     SetCustomInfo("Text", m_text.Display());
 }
 
-STextMargins CLabel::BackgroundMargins() const
-{
-    return {m_background.Margin(Margins::Left), m_background.Margin(Margins::Top), m_background.Margin(Margins::Right),
-            m_background.Margin(Margins::Bottom)};
-}
-
 void CLabel::UpdateLabelPosition()
 {
-    if (!m_label.Exists())
+    if (!m_text.Exists() || m_fits == k_mostFits)
     {
         return;
     }
-    STextMargins margins;
+    Common::SMargins margins;
     if (m_hasBackground)
     {
-        margins = BackgroundMargins();
+        margins = m_background.Margins();
         for (int* margin : {&margins.left, &margins.top, &margins.right, &margins.bottom})
         {
             *margin = std::min(*margin, k_widestMargin);
         }
     }
-    const STextSize textSize = m_label.PreferredSize();
-    m_label.AlignLines(m_font.alignment);
-    m_label.MoveTo(PlaceText({Width(), Height()}, textSize, margins, m_font.alignment, ECentring::Truncating));
+    const STextSize textSize = m_text.Actor().PreferredSize();
+    m_text.Place({Width(), Height()}, textSize, margins, ECentring::Truncating);
     if (m_autoSize && (Width() != textSize.width || Height() != textSize.height))
     {
         // The widget grows by the whole borders, whether or not the background is on.
-        margins = BackgroundMargins();
-        CWidget::Resize(textSize.width + margins.left + margins.right, textSize.height + margins.top + margins.bottom);
+        margins = m_background.Margins();
+        ++m_fits;
+        if (!ResizeSelf(textSize.width + margins.Horizontal(), textSize.height + margins.Vertical()))
+        {
+            return;
+        }
+        --m_fits;
         LoadTextures();
     }
-    m_debugLabel.Place(GetActor(), m_label, margins, textSize);
+    m_text.PlaceDebugLabel(margins, textSize);
 }
 
 } // namespace Gfx::Widgets

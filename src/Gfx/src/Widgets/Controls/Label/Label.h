@@ -1,10 +1,7 @@
 #pragma once
 
 #include "Core/Api.h"
-#include "Gfx/Text/FontSettings.h"
-#include "Gfx/Text/LocalisedText.h"
-#include "Widgets/DebugLocaleLabel.h"
-#include "Widgets/TextActor.h"
+#include "Widgets/ControlText.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
@@ -39,12 +36,12 @@ public:
     /// Does nothing if it is the text already, prefix and all.
     void Text(const std::string& a_text);
 
-    [[nodiscard]] const Text::CFontSettings& Font() const { return m_font; }
+    [[nodiscard]] const Text::CFontSettings& Font() const { return m_text.Font(); }
 
     /// With autoSize, the alignment becomes top and left.
     void Font(const Text::CFontSettings& a_font);
 
-    [[nodiscard]] bool ParseMarkup() const { return m_parseMarkup; }
+    [[nodiscard]] bool ParseMarkup() const { return m_text.ParseMarkup(); }
     void ParseMarkup(bool a_parse);
 
     [[nodiscard]] bool Background() const { return m_hasBackground; }
@@ -63,17 +60,14 @@ public:
 
 private:
     void UpdateLabelPosition();
-    [[nodiscard]] STextMargins BackgroundMargins() const;
 
-    CDebugLocaleLabel m_debugLabel;
-    CTextActor m_label;
-    Text::CFontSettings m_font;
+    CControlText m_text;
     bool m_wrap;
     bool m_autoSize;
-    bool m_parseMarkup;
     bool m_hasBackground = false;
     CTextureLayer m_background;
-    Text::CLocalisedText m_text;
+    /// How many calls of UpdateLabelPosition are under way, each from a resize handler of the one before.
+    int m_fits = 0;
 };
 
 } // namespace Gfx::Widgets

@@ -53,7 +53,6 @@ CProgressBar::CProgressBar(const std::string& a_name, int a_x, int a_y, int a_wi
     m_bar.Element(style.bar);
     CheckRange();
     LoadTextures();
-    CProgressBar::UpdateCustomInfo();
 }
 
 void CProgressBar::CheckRange() const
@@ -65,13 +64,11 @@ void CProgressBar::CheckRange() const
 void CProgressBar::LoadTextures()
 {
     m_background.Retrieve({0, 0, Width(), Height()});
-    m_leftMargin = m_background.Margin(Margins::Left);
-    m_topMargin = m_background.Margin(Margins::Top);
-    m_rightMargin = m_background.Margin(Margins::Right);
-    m_barAreaWidth = Width() - m_rightMargin - m_leftMargin;
-    m_barAreaHeight = Height() - m_background.Margin(Margins::Bottom) - m_topMargin;
+    m_margins = m_background.Margins();
+    m_barAreaWidth = Width() - m_margins.Horizontal();
+    m_barAreaHeight = Height() - m_margins.Vertical();
     // A bar with borders is never narrower than its two ends.
-    m_minimumBarWidth = m_bar.Margin(Margins::Left) + m_bar.Margin(Margins::Right);
+    m_minimumBarWidth = m_bar.Margins().Horizontal();
     UpdateBar();
 }
 
@@ -80,10 +77,10 @@ void CProgressBar::UpdateBar()
     // Between bounds that are equal the value is at both of them: the bar is full.
     const std::int64_t range = std::int64_t{m_max} - m_min;
     const std::int64_t part = range != 0 ? std::int64_t{m_current} - m_min : 1;
-    const auto length = static_cast<int>(part * m_barAreaWidth / (range != 0 ? range : 1));
+    const int length = Common::detail::Saturated(part * m_barAreaWidth / (range != 0 ? range : 1));
     const int barLength = std::max(length, m_minimumBarWidth);
-    const int x = m_leftToRight ? m_leftMargin : Width() - m_rightMargin - barLength;
-    m_bar.Retrieve({x, m_topMargin, barLength, m_barAreaHeight});
+    const int x = m_leftToRight ? m_margins.left : Width() - m_margins.right - barLength;
+    m_bar.Retrieve({x, m_margins.top, barLength, m_barAreaHeight});
     Invalidate(false);
     UpdateCustomInfo();
 }
@@ -120,8 +117,10 @@ void CProgressBar::DrawSelf() const
 
 void CProgressBar::Resize(int a_width, int a_height)
 {
-    CWidget::Resize(a_width, a_height);
-    LoadTextures();
+    if (ResizeSelf(a_width, a_height))
+    {
+        LoadTextures();
+    }
 }
 
 void CProgressBar::SetProperty(const std::string& a_name, const std::string& a_value)

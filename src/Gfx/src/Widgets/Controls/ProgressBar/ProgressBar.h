@@ -50,9 +50,8 @@ private:
     int m_max;
     int m_current;
     bool m_leftToRight;
-    int m_leftMargin = 0;
-    int m_topMargin = 0;
-    int m_rightMargin = 0;
+    /// The borders of the background.
+    Common::SMargins m_margins;
     int m_barAreaWidth = 0;
     int m_barAreaHeight = 0;
     int m_minimumBarWidth = 0;
