@@ -117,6 +117,24 @@ int CPicture::CountDifferences(const CPicture& a_other) const
     return differences;
 }
 
+std::string ShownText(ClutterActor* a_actor)
+{
+    char* text = nullptr;
+    g_object_get(a_actor, "text", &text, nullptr);
+    const std::string shown = text;
+    g_free(text);
+    return shown;
+}
+
+Gfx::CColour TextColour(ClutterActor* a_actor)
+{
+    ClutterColor* colour = nullptr;
+    g_object_get(a_actor, "color", &colour, nullptr);
+    const Gfx::CColour result(colour->red, colour->green, colour->blue, colour->alpha);
+    clutter_color_free(colour);
+    return result;
+}
+
 int CPicture::Count(const Gfx::CColour& a_colour) const
 {
     int count = 0;

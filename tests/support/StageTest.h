@@ -71,6 +71,10 @@ private:
     int m_height;
 };
 
+/// What a text actor shows, and in which colour.
+std::string ShownText(ClutterActor* a_actor);
+Gfx::CColour TextColour(ClutterActor* a_actor);
+
 /// A stage of 800 by 480 that is shown, black, with nothing on it; one for all tests of the process. The clock stands
 /// until Advance moves it on.
 class CStageTest : public testing::Test

@@ -1,95 +1,303 @@
 #include "Platform/Clutter/Label.h"
 
+#include "Platform/Clutter/Actor.h"
+
+#include <cogl-pango/cogl-pango.h>
+
 #include <algorithm>
-#include <cstring>
+#include <cmath>
 #include <memory>
 #include <string>
+#include <unordered_map>
+
+namespace
+{
+
+/// What a label takes, in whole pixels.
+struct SSize
+{
+    float width = 0;
+    float height = 0;
+};
+
+struct SLabel
+{
+    SLabel() = default;
+    ~SLabel() { g_clear_object(&layout); }
+    SLabel(const SLabel&) = delete;
+    SLabel& operator=(const SLabel&) = delete;
+
+    std::string text;
+    std::string font;
+    ClutterColor colour{0, 0, 0, 255};
+    bool useMarkup = false;
+    /// Made when the text is first measured.
+    PangoLayout* layout = nullptr;
+    PangoEllipsizeMode ellipsize = PANGO_ELLIPSIZE_NONE;
+    PangoAlignment alignment = PANGO_ALIGN_LEFT;
+    bool wrap = false;
+    bool justify = false;
+    /// Of the whole text, unbroken and unshortened; of no worth unless isMeasured is set.
+    SSize natural;
+    bool isMeasured = false;
+};
+
+} // namespace
 
 struct ClutterLabel
 {
-    ClutterText parent;
-    /// As it was set: ClutterText forgets what its markup was made of.
-    std::string* text;
-    bool useMarkup;
+    ClutterActor parent;
+    SLabel* label;
 };
 
 namespace
 {
 
-struct ClutterLabelClass
+enum EProperty : guint
 {
-    ClutterTextClass parent;
+    epText = 1,
+    epColour
 };
 
-GObjectClass* s_parentClass = nullptr;
+struct ClutterLabelClass
+{
+    ClutterActorClass parent;
+};
+
+ClutterActorClass* s_parentClass = nullptr;
+
+/// Descriptions by name: to parse one takes longer than to lay a short text out. Bounded, since names come from files.
+const PangoFontDescription* FontDescription(const std::string& a_name)
+{
+    using DescriptionPtr = std::unique_ptr<PangoFontDescription, void (*)(PangoFontDescription*)>;
+    constexpr std::size_t most = 64;
+    static std::unordered_map<std::string, DescriptionPtr> s_known;
+    const auto known = s_known.find(a_name);
+    if (known != s_known.end())
+    {
+        return known->second.get();
+    }
+    if (s_known.size() == most)
+    {
+        s_known.clear();
+    }
+    return s_known
+        .emplace(a_name,
+                 DescriptionPtr(pango_font_description_from_string(a_name.c_str()), pango_font_description_free))
+        .first->second.get();
+}
 
 /// The text, cut and mended, as something that Pango can take.
 std::string Displayable(const std::string& a_text)
 {
-    const std::size_t length = std::min(a_text.size(), k_longestLabelText);
-    const std::unique_ptr<char, void (*)(void*)> valid(g_utf8_make_valid(a_text.c_str(), static_cast<gssize>(length)),
-                                                       g_free);
-    return valid.get();
+    std::string text = a_text.substr(0, std::min(a_text.find('\0'), k_longestLabelText));
+    if (g_utf8_validate(text.c_str(), static_cast<gssize>(text.size()), nullptr) == FALSE)
+    {
+        const std::unique_ptr<char, void (*)(void*)> valid(
+            g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size())), g_free);
+        text = valid.get();
+    }
+    return text;
 }
 
-void Apply(ClutterLabel* a_label)
+void PutText(const SLabel& a_label)
 {
-    ClutterText* text = CLUTTER_TEXT(a_label);
-    const std::string displayed = Displayable(*a_label->text);
-    if (a_label->useMarkup && pango_parse_markup(displayed.c_str(), -1, 0, nullptr, nullptr, nullptr, nullptr) != FALSE)
+    const std::string text = Displayable(a_label.text);
+    char* plain = nullptr;
+    PangoAttrList* attributes = nullptr;
+    if (a_label.useMarkup && pango_parse_markup(text.c_str(), static_cast<int>(text.size()), 0, &attributes, &plain,
+                                                nullptr, nullptr) != FALSE)
     {
-        clutter_text_set_markup(text, displayed.c_str());
+        pango_layout_set_text(a_label.layout, plain, -1);
+        pango_layout_set_attributes(a_label.layout, attributes);
+        pango_attr_list_unref(attributes);
+        g_free(plain);
     }
     else
     {
-        clutter_text_set_use_markup(text, FALSE);
-        clutter_text_set_text(text, displayed.c_str());
+        pango_layout_set_text(a_label.layout, text.c_str(), static_cast<int>(text.size()));
+        pango_layout_set_attributes(a_label.layout, nullptr);
     }
 }
 
-void GetPreferredWidth(ClutterActor* a_actor, gfloat a_forHeight, gfloat* a_minimum, gfloat* a_natural)
+/// The label's layout, broken or shortened at a width and height where the label breaks or shortens; a negative one
+/// sets no limit.
+PangoLayout* Layout(ClutterLabel* a_actor, float a_width, float a_height)
 {
-    gfloat natural = 0;
-    CLUTTER_ACTOR_CLASS(s_parentClass)->get_preferred_width(a_actor, a_forHeight, nullptr, &natural);
-    for (gfloat* result : {a_minimum, a_natural})
+    SLabel& label = *a_actor->label;
+    if (label.layout == nullptr)
     {
-        if (result != nullptr)
-        {
-            *result = natural;
-        }
+        // One context for all: the fonts and the resolution are the console's.
+        static PangoContext* const s_context = clutter_actor_create_pango_context(CLUTTER_ACTOR(a_actor));
+        label.layout = pango_layout_new(s_context);
+        pango_layout_set_wrap(label.layout, PANGO_WRAP_WORD);
+        pango_layout_set_font_description(label.layout, FontDescription(label.font));
+        pango_layout_set_ellipsize(label.layout, label.ellipsize);
+        pango_layout_set_alignment(label.layout, label.alignment);
+        pango_layout_set_justify(label.layout, label.justify ? TRUE : FALSE);
+        PutText(label);
     }
+    const auto units = [](float a_length)
+    {
+        constexpr float most = G_MAXINT / 2;
+        return a_length < 0 ? -1 : static_cast<int>(std::min(a_length * PANGO_SCALE, most));
+    };
+    const bool shortens = label.ellipsize != PANGO_ELLIPSIZE_NONE;
+    pango_layout_set_width(label.layout, label.wrap || shortens ? units(a_width) : -1);
+    pango_layout_set_height(label.layout, label.wrap && shortens ? units(a_height) : -1);
+    return label.layout;
+}
+
+SSize Extents(PangoLayout* a_layout)
+{
+    PangoRectangle logical;
+    pango_layout_get_extents(a_layout, nullptr, &logical);
+    const auto pixels = [](int a_units) { return std::ceil(static_cast<float>(a_units) / PANGO_SCALE); };
+    // An actor without any width would never be painted, and so never be seen to change.
+    return {std::max(1.0F, pixels(logical.x + logical.width)), pixels(logical.y + logical.height)};
+}
+
+const SSize& NaturalSize(ClutterLabel* a_actor)
+{
+    SLabel& label = *a_actor->label;
+    if (!label.isMeasured)
+    {
+        label.natural = Extents(Layout(a_actor, -1, -1));
+        label.isMeasured = true;
+    }
+    return label.natural;
+}
+
+void GetPreferredWidth(ClutterActor* a_actor, gfloat, gfloat* a_minimum, gfloat* a_natural)
+{
+    actor_return_length(NaturalSize(CLUTTER_LABEL(a_actor)).width, a_minimum, a_natural);
 }
 
 void GetPreferredHeight(ClutterActor* a_actor, gfloat a_forWidth, gfloat* a_minimum, gfloat* a_natural)
 {
-    gfloat natural = 0;
-    CLUTTER_ACTOR_CLASS(s_parentClass)->get_preferred_height(a_actor, a_forWidth, nullptr, &natural);
-    for (gfloat* result : {a_minimum, a_natural})
+    auto* const actor = CLUTTER_LABEL(a_actor);
+    const SLabel& label = *actor->label;
+    const bool dependsOnWidth = a_forWidth >= 0 && (label.wrap || label.ellipsize != PANGO_ELLIPSIZE_NONE);
+    actor_return_length(dependsOnWidth ? Extents(Layout(actor, a_forWidth, -1)).height : NaturalSize(actor).height,
+                        a_minimum, a_natural);
+}
+
+/// The layout as it is to be painted.
+PangoLayout* AllocatedLayout(ClutterActor* a_actor, SSize& a_size)
+{
+    clutter_actor_get_size(a_actor, &a_size.width, &a_size.height);
+    return Layout(CLUTTER_LABEL(a_actor), a_size.width, a_size.height);
+}
+
+void Allocate(ClutterActor* a_actor, const ClutterActorBox* a_box, ClutterAllocationFlags a_flags)
+{
+    s_parentClass->allocate(a_actor, a_box, a_flags);
+    SSize size;
+    // New glyphs can move the ones that are there about, which must not happen in the middle of a frame.
+    cogl_pango_ensure_glyph_cache_for_layout(AllocatedLayout(a_actor, size));
+}
+
+void Paint(ClutterActor* a_actor)
+{
+    const SLabel& label = *CLUTTER_LABEL(a_actor)->label;
+    if (label.text.empty())
     {
-        if (result != nullptr)
-        {
-            *result = natural;
-        }
+        return;
+    }
+    SSize size;
+    PangoLayout* const layout = AllocatedLayout(a_actor, size);
+    const SSize needed = Extents(layout);
+    const bool isLimited = label.wrap && label.ellipsize != PANGO_ELLIPSIZE_NONE;
+    const bool isCut = !isLimited && (needed.width > size.width || needed.height > size.height);
+    CoglFramebuffer* const framebuffer = cogl_get_draw_framebuffer();
+    if (isCut)
+    {
+        cogl_framebuffer_push_rectangle_clip(framebuffer, 0, 0, size.width, size.height);
+    }
+    CoglColor colour;
+    const int opacity = clutter_actor_get_paint_opacity(a_actor) * label.colour.alpha / 255;
+    cogl_color_init_from_4ub(&colour, label.colour.red, label.colour.green, label.colour.blue,
+                             static_cast<guint8>(opacity));
+    cogl_pango_show_layout(framebuffer, layout, 0, 0, &colour);
+    if (isCut)
+    {
+        cogl_framebuffer_pop_clip(framebuffer);
+    }
+}
+
+/// The actor's own box, and the ink that stands out of it.
+gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
+{
+    if (clutter_actor_has_allocation(a_actor) == FALSE)
+    {
+        return FALSE;
+    }
+    SSize size;
+    PangoRectangle ink;
+    pango_layout_get_pixel_extents(AllocatedLayout(a_actor, size), &ink, nullptr);
+    const auto left = std::min(0.0F, static_cast<float>(ink.x));
+    const auto top = std::min(0.0F, static_cast<float>(ink.y));
+    const ClutterVertex origin{left, top, 0};
+    clutter_paint_volume_set_origin(a_volume, &origin);
+    clutter_paint_volume_set_width(a_volume, std::max(size.width, static_cast<float>(ink.x + ink.width)) - left);
+    clutter_paint_volume_set_height(a_volume, std::max(size.height, static_cast<float>(ink.y + ink.height)) - top);
+    return TRUE;
+}
+
+void GetProperty(GObject* a_object, guint a_property, GValue* a_value, GParamSpec* a_spec)
+{
+    auto* const label = CLUTTER_LABEL(a_object);
+    switch (a_property)
+    {
+    case epText: g_value_set_string(a_value, pango_layout_get_text(Layout(label, -1, -1))); break;
+    case epColour: clutter_value_set_color(a_value, &label->label->colour); break;
+    default: G_OBJECT_WARN_INVALID_PROPERTY_ID(a_object, a_property, a_spec);
     }
 }
 
 void Finalise(GObject* a_object)
 {
-    delete CLUTTER_LABEL(a_object)->text;
-    s_parentClass->finalize(a_object);
+    delete CLUTTER_LABEL(a_object)->label;
+    G_OBJECT_CLASS(s_parentClass)->finalize(a_object);
 }
 
 void InitialiseClass(gpointer a_class, gpointer)
 {
-    s_parentClass = G_OBJECT_CLASS(g_type_class_peek_parent(a_class));
-    G_OBJECT_CLASS(a_class)->finalize = Finalise;
-    CLUTTER_ACTOR_CLASS(a_class)->get_preferred_width = GetPreferredWidth;
-    CLUTTER_ACTOR_CLASS(a_class)->get_preferred_height = GetPreferredHeight;
+    s_parentClass = CLUTTER_ACTOR_CLASS(g_type_class_peek_parent(a_class));
+    GObjectClass* const objectClass = G_OBJECT_CLASS(a_class);
+    objectClass->constructor = actor_construct_without_layout;
+    objectClass->finalize = Finalise;
+    objectClass->get_property = GetProperty;
+    g_object_class_install_property(objectClass, epText,
+                                    g_param_spec_string("text", nullptr, "What is shown", "", G_PARAM_READABLE));
+    g_object_class_install_property(
+        objectClass, epColour,
+        clutter_param_spec_color("color", nullptr, "The text's colour", CLUTTER_COLOR_Black, G_PARAM_READABLE));
+    ClutterActorClass* const actorClass = CLUTTER_ACTOR_CLASS(a_class);
+    actorClass->get_preferred_width = GetPreferredWidth;
+    actorClass->get_preferred_height = GetPreferredHeight;
+    actorClass->allocate = Allocate;
+    actorClass->paint = Paint;
+    actorClass->get_paint_volume = GetPaintVolume;
+    actorClass->has_overlaps = [](ClutterActor*) -> gboolean { return FALSE; };
 }
 
 void InitialiseInstance(GTypeInstance* a_instance, gpointer)
 {
-    reinterpret_cast<ClutterLabel*>(a_instance)->text = new std::string;
+    reinterpret_cast<ClutterLabel*>(a_instance)->label = new SLabel;
+}
+
+/// After a change of what a text takes. a_put passes it on to the layout, if there is one yet.
+template <typename PutT>
+void Remeasure(ClutterLabel* a_actor, PutT a_put)
+{
+    SLabel& label = *a_actor->label;
+    if (label.layout != nullptr)
+    {
+        a_put(label);
+    }
+    label.isMeasured = false;
+    clutter_actor_queue_relayout(CLUTTER_ACTOR(a_actor));
 }
 
 } // namespace
@@ -97,80 +305,104 @@ void InitialiseInstance(GTypeInstance* a_instance, gpointer)
 GType clutter_label_get_type()
 {
     static const GType s_type =
-        g_type_register_static_simple(clutter_text_get_type(), "GfxLabel", sizeof(ClutterLabelClass), InitialiseClass,
+        g_type_register_static_simple(clutter_actor_get_type(), "GfxLabel", sizeof(ClutterLabelClass), InitialiseClass,
                                       sizeof(ClutterLabel), InitialiseInstance, GTypeFlags{});
     return s_type;
 }
 
 ClutterActor* clutter_label_new_full(const char* a_font, const char* a_text, const ClutterColor* a_colour)
 {
-    auto* label = CLUTTER_LABEL(g_object_new(CLUTTER_TYPE_LABEL, nullptr));
-    clutter_label_set_font_name(label, a_font);
-    clutter_label_set_color(label, a_colour);
-    clutter_label_set_text(label, a_text);
-    return CLUTTER_ACTOR(label);
+    auto* actor = CLUTTER_LABEL(g_object_new(CLUTTER_TYPE_LABEL, nullptr));
+    actor->label->font = a_font;
+    actor->label->text = a_text;
+    actor->label->colour = *a_colour;
+    return CLUTTER_ACTOR(actor);
 }
 
 void clutter_label_set_text(ClutterLabel* a_label, const char* a_text)
 {
-    if (*a_label->text != a_text)
+    if (a_label->label->text != a_text)
     {
-        *a_label->text = a_text;
-        Apply(a_label);
+        a_label->label->text = a_text;
+        Remeasure(a_label, PutText);
     }
 }
 
 void clutter_label_set_font_name(ClutterLabel* a_label, const char* a_font)
 {
-    clutter_text_set_font_name(CLUTTER_TEXT(a_label), a_font);
+    if (a_label->label->font != a_font)
+    {
+        a_label->label->font = a_font;
+        Remeasure(a_label, [](const SLabel& a_state)
+                  { pango_layout_set_font_description(a_state.layout, FontDescription(a_state.font)); });
+    }
 }
 
 void clutter_label_set_color(ClutterLabel* a_label, const ClutterColor* a_colour)
 {
-    ClutterColor current;
-    clutter_text_get_color(CLUTTER_TEXT(a_label), &current);
-    if (clutter_color_equal(&current, a_colour) == FALSE)
+    if (clutter_color_equal(&a_label->label->colour, a_colour) == FALSE)
     {
-        clutter_text_set_color(CLUTTER_TEXT(a_label), a_colour);
+        a_label->label->colour = *a_colour;
+        clutter_actor_queue_redraw(CLUTTER_ACTOR(a_label));
     }
 }
 
 void clutter_label_set_use_markup(ClutterLabel* a_label, gboolean a_useMarkup)
 {
-    if (a_label->useMarkup != (a_useMarkup != FALSE))
+    if (a_label->label->useMarkup != (a_useMarkup != FALSE))
     {
-        a_label->useMarkup = a_useMarkup != FALSE;
-        Apply(a_label);
+        a_label->label->useMarkup = a_useMarkup != FALSE;
+        Remeasure(a_label, PutText);
     }
 }
 
 void clutter_label_set_ellipsize(ClutterLabel* a_label, PangoEllipsizeMode a_mode)
 {
-    clutter_text_set_ellipsize(CLUTTER_TEXT(a_label), a_mode);
+    if (a_label->label->ellipsize != a_mode)
+    {
+        a_label->label->ellipsize = a_mode;
+        Remeasure(a_label,
+                  [](const SLabel& a_state) { pango_layout_set_ellipsize(a_state.layout, a_state.ellipsize); });
+    }
 }
 
 PangoEllipsizeMode clutter_label_get_ellipsize(ClutterLabel* a_label)
 {
-    return clutter_text_get_ellipsize(CLUTTER_TEXT(a_label));
+    return a_label->label->ellipsize;
 }
 
 void clutter_label_get_natural_size(ClutterLabel* a_label, float* a_width, float* a_height)
 {
-    GetPreferredWidth(CLUTTER_ACTOR(a_label), -1, nullptr, a_width);
-    GetPreferredHeight(CLUTTER_ACTOR(a_label), -1, nullptr, a_height);
+    const SSize& natural = NaturalSize(a_label);
+    *a_width = natural.width;
+    *a_height = natural.height;
 }
 
 void clutter_label_set_line_wrap(ClutterLabel* a_label, gboolean a_wrap)
 {
-    clutter_text_set_line_wrap(CLUTTER_TEXT(a_label), a_wrap);
+    if (a_label->label->wrap != (a_wrap != FALSE))
+    {
+        a_label->label->wrap = a_wrap != FALSE;
+        Remeasure(a_label, [](const SLabel&) {});
+    }
 }
 
 void clutter_label_set_alignment(ClutterLabel* a_label, PangoAlignment a_alignment)
 {
-    clutter_text_set_line_alignment(CLUTTER_TEXT(a_label), a_alignment);
+    if (a_label->label->alignment != a_alignment)
+    {
+        a_label->label->alignment = a_alignment;
+        Remeasure(a_label,
+                  [](const SLabel& a_state) { pango_layout_set_alignment(a_state.layout, a_state.alignment); });
+    }
 }
 
 void clutter_label_set_justify(ClutterLabel* a_label, gboolean a_justify)
 {
-    clutter_text_set_justify(CLUTTER_TEXT(a_label), a_justify);
+    if (a_label->label->justify != (a_justify != FALSE))
+    {
+        a_label->label->justify = a_justify != FALSE;
+        Remeasure(a_label, [](const SLabel& a_state)
+                  { pango_layout_set_justify(a_state.layout, a_state.justify ? TRUE : FALSE); });
+    }
 }

@@ -2,11 +2,13 @@
 
 #include "Platform/Clutter/Clutter.h"
 
-/// ClutterLabel as the 0.8 series had it, over ClutterText: a text that is shown and never edited.
+/// ClutterLabel as the 0.8 series had it: a text that is shown and never edited. An actor of our own over a Pango
+/// layout, since ClutterText, an editor, takes several times its time and memory, and a screen has many labels.
 ///
-/// Its minimum size is its natural one, in whole pixels. Text that isn't valid UTF-8 is shown with replacement
-/// characters, markup that can't be parsed as the text that it is, and of a text longer than k_longestLabelText bytes
-/// its beginning. A value that is set again costs nothing, and no frame.
+/// Its minimum size is its natural one, in whole pixels. Given less, it is cut. Text that isn't valid UTF-8 is shown
+/// with replacement characters, markup that can't be parsed as the text that it is, and of a text longer than
+/// k_longestLabelText bytes its beginning. A value that is set again costs nothing, and no frame. Read-only properties:
+/// "text", what is shown, and "color".
 
 struct ClutterLabel;
 

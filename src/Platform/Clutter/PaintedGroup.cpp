@@ -1,5 +1,9 @@
 #include "Platform/Clutter/PaintedGroup.h"
 
+#include "Platform/Clutter/Actor.h"
+
+#include <algorithm>
+
 namespace
 {
 
@@ -37,10 +41,36 @@ gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
     return TRUE;
 }
 
+void GetPreferredWidth(ClutterActor* a_actor, gfloat, gfloat* a_minimum, gfloat* a_natural)
+{
+    actor_return_length(PAINTED_GROUP(a_actor)->width, a_minimum, a_natural);
+}
+
+void GetPreferredHeight(ClutterActor* a_actor, gfloat, gfloat* a_minimum, gfloat* a_natural)
+{
+    actor_return_length(PAINTED_GROUP(a_actor)->height, a_minimum, a_natural);
+}
+
+void Allocate(ClutterActor* a_actor, const ClutterActorBox* a_box, ClutterAllocationFlags a_flags)
+{
+    s_actorClass->allocate(a_actor, a_box, a_flags);
+    ClutterActorIter iter;
+    clutter_actor_iter_init(&iter, a_actor);
+    ClutterActor* child = nullptr;
+    while (clutter_actor_iter_next(&iter, &child) != FALSE)
+    {
+        clutter_actor_allocate_preferred_size(child, a_flags);
+    }
+}
+
 void InitialiseClass(gpointer a_class, gpointer)
 {
     s_actorClass = CLUTTER_ACTOR_CLASS(g_type_class_peek(CLUTTER_TYPE_ACTOR));
+    G_OBJECT_CLASS(a_class)->constructor = actor_construct_without_layout;
     ClutterActorClass* actorClass = CLUTTER_ACTOR_CLASS(a_class);
+    actorClass->get_preferred_width = GetPreferredWidth;
+    actorClass->get_preferred_height = GetPreferredHeight;
+    actorClass->allocate = Allocate;
     actorClass->paint = Paint;
     actorClass->pick = s_actorClass->pick;
     actorClass->get_paint_volume = GetPaintVolume;
@@ -116,6 +146,18 @@ void painted_group_set_painter(PaintedGroup* a_group, PaintedGroupPainter a_pain
 {
     a_group->painter = a_painter;
     a_group->data = a_data;
+}
+
+void painted_group_set_size(PaintedGroup* a_group, float a_width, float a_height)
+{
+    const float width = std::max(a_width, 0.0F);
+    const float height = std::max(a_height, 0.0F);
+    if (width != a_group->width || height != a_group->height)
+    {
+        a_group->width = width;
+        a_group->height = height;
+        clutter_actor_queue_relayout(CLUTTER_ACTOR(a_group));
+    }
 }
 
 bool painted_group_has_painter(ClutterActor* a_actor)

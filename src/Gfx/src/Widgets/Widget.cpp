@@ -93,7 +93,7 @@ void CWidget::InitialiseClutterGroup()
     // The group's container holds it too; this reference keeps it valid for as long as the widget calls it.
     m_actor = CLUTTER_ACTOR(g_object_ref_sink(actor));
     clutter_actor_set_position(m_actor, static_cast<float>(m_topLeft.X()), static_cast<float>(m_topLeft.Y()));
-    clutter_actor_set_size(m_actor, static_cast<float>(m_width), static_cast<float>(m_height));
+    painted_group_set_size(PAINTED_GROUP(m_actor), static_cast<float>(m_width), static_cast<float>(m_height));
     UpdateScissor({});
     painted_group_set_painter(PAINTED_GROUP(m_actor), DrawWidget, this);
     if (m_visibilityChangedHandler != nullptr)
@@ -292,9 +292,9 @@ bool CWidget::ResizeSelf(int a_width, int a_height)
     {
         m_width = Side(a_width);
         m_height = Side(a_height);
-        if (ClutterActor* actor = GetActor())
+        if (m_actor != nullptr)
         {
-            clutter_actor_set_size(actor, static_cast<float>(m_width), static_cast<float>(m_height));
+            painted_group_set_size(PAINTED_GROUP(m_actor), static_cast<float>(m_width), static_cast<float>(m_height));
         }
         Invalidate(false);
     }

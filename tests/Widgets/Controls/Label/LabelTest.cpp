@@ -57,21 +57,12 @@ protected:
                                       a_label.parseMarkup, a_label.text, a_label.raised));
     }
 
-    static ClutterText* TextOf(CLabel& a_label)
-    {
-        return CLUTTER_TEXT(clutter_actor_get_child_at_index(a_label.GetActor(), 0));
-    }
-    static std::string ShownText(CLabel& a_label) { return clutter_text_get_text(TextOf(a_label)); }
-    static int X(CLabel& a_label) { return static_cast<int>(clutter_actor_get_x(CLUTTER_ACTOR(TextOf(a_label)))); }
-    static int Y(CLabel& a_label) { return static_cast<int>(clutter_actor_get_y(CLUTTER_ACTOR(TextOf(a_label)))); }
-    static int TextWidth(CLabel& a_label)
-    {
-        return static_cast<int>(clutter_actor_get_width(CLUTTER_ACTOR(TextOf(a_label))));
-    }
-    static int TextHeight(CLabel& a_label)
-    {
-        return static_cast<int>(clutter_actor_get_height(CLUTTER_ACTOR(TextOf(a_label))));
-    }
+    static ClutterActor* TextOf(CLabel& a_label) { return clutter_actor_get_child_at_index(a_label.GetActor(), 0); }
+    static std::string ShownText(CLabel& a_label) { return GfxTest::ShownText(TextOf(a_label)); }
+    static int X(CLabel& a_label) { return static_cast<int>(clutter_actor_get_x(TextOf(a_label))); }
+    static int Y(CLabel& a_label) { return static_cast<int>(clutter_actor_get_y(TextOf(a_label))); }
+    static int TextWidth(CLabel& a_label) { return static_cast<int>(clutter_actor_get_width(TextOf(a_label))); }
+    static int TextHeight(CLabel& a_label) { return static_cast<int>(clutter_actor_get_height(TextOf(a_label))); }
     static void Align(CLabel& a_label, int a_alignment)
     {
         Gfx::Text::CFontSettings font = a_label.Font();
@@ -190,9 +181,7 @@ TEST_F(LabelTest, TheThemeChangesColourAndBackground)
     Settle();
     EXPECT_EQ(ShownPicture().At(200, 130), CColour(255, 128, 64, 255));
     EXPECT_TRUE(label->Font().colour == Gfx::Colours::Lime);
-    ClutterColor colour;
-    clutter_text_get_color(TextOf(*label), &colour);
-    EXPECT_EQ(colour.red, 0);
+    EXPECT_EQ(GfxTest::TextColour(TextOf(*label)), Gfx::Colours::Lime);
     label->Background(false);
     EXPECT_EQ(FreshPicture().At(200, 130), Gfx::Colours::Black);
     const auto lowered = Add({.text = "", .raised = false});
