@@ -189,6 +189,8 @@ void CStageTest::SetUpStage(const std::string& a_basePath)
     }
     Core::Time::SetSource(StandingClock);
     setenv("CLUTTER_DEFAULT_FPS", "1000", 1);
+    // A font of the tests' own, so that sizes and pixels are the same everywhere.
+    setenv("FONTCONFIG_FILE", GFX_TEST_DATA "Fonts/fonts.conf", 1);
     ASSERT_TRUE(gfx.Setup(a_basePath, "test", {0, 0}, k_width, k_height, 0, nullptr, Gfx::Colours::Black));
     g_signal_connect(gfx.GetStage(), "after-paint", G_CALLBACK(CountFrame), nullptr);
     StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
