@@ -4,6 +4,9 @@
 #include "Gfx/Common/Drawing.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Input/InputManager.h"
+#include "Managers/Textures/TextureManager.h"
+#include "Managers/Themes/ThemeManager.h"
+#include "support/TemporaryDirectory.h"
 
 #include <GL/gl.h>
 #include <clutter/clutter.h>
@@ -11,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <utility>
 
 namespace GfxTest
@@ -202,6 +206,22 @@ void CStageTest::SetUpStage(const std::string& a_basePath)
     }
 }
 
+void CStageTest::SetUpConfiguredStage(const std::string& a_configuration)
+{
+    if (StaticSingleton<CGfxManager>::ref().GetStage() != nullptr)
+    {
+        return;
+    }
+    static const CTemporaryDirectory s_data;
+    s_data.Write("Configuration/GfxConfig.xml", "<Gfx>" + a_configuration + "</Gfx>");
+    for (const char* own : {"Configuration/ThemeConfig.xml", "TextureMaps"})
+    {
+        std::filesystem::create_symlink(std::string(GFX_TEST_DATA) + own, s_data.Path() + own);
+    }
+    SetUpStage(s_data.Path());
+    StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
+}
+
 void CStageTest::SetUp()
 {
     // A press that an earlier test has left pending.
@@ -300,6 +320,24 @@ CPicture CStageTest::FreshPicture()
     clutter_actor_queue_redraw(StaticSingleton<CGfxManager>::ref().GetStage());
     Settle();
     return ReadBuffer();
+}
+
+void CControlTest::SetUpTestSuite()
+{
+    CStageTest::SetUpTestSuite();
+    StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
+}
+
+void CControlTest::SetUp()
+{
+    CStageTest::SetUp();
+    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Plain");
+}
+
+std::string CControlTest::ShownExtent(const Gfx::CColour& a_colour)
+{
+    Settle();
+    return ShownPicture().Extent(a_colour);
 }
 
 } // namespace GfxTest

@@ -88,6 +88,9 @@ protected:
     /// What SetUpTestSuite does, with a data directory of the test's own.
     static void SetUpStage(const std::string& a_basePath);
 
+    /// What SetUpTestSuite does, with a_configuration in place of what the tests' own GfxConfig.xml has within <Gfx>.
+    static void SetUpConfiguredStage(const std::string& a_configuration);
+
     void SetUp() override;
     void TearDown() override;
 
@@ -135,6 +138,17 @@ protected:
 
     /// The same after painting the whole stage anew.
     static CPicture FreshPicture();
+};
+
+/// The same with the tests' texture page loaded and the theme "Plain", for controls.
+class CControlTest : public CStageTest
+{
+protected:
+    static void SetUpTestSuite();
+    void SetUp() override;
+
+    /// Where a colour is when what is queued has been painted, as CPicture::Extent says it.
+    static std::string ShownExtent(const Gfx::CColour& a_colour);
 };
 
 } // namespace GfxTest

@@ -3,6 +3,7 @@
 #include "Core/StaticSingleton.h"
 #include "Gfx/Common/Drawing.h"
 #include "Managers/Textures/TextureManager.h"
+#include "Managers/Textures/TexturedElement.h"
 #include "Platform/Clutter/Clutter.h"
 
 namespace Gfx::Widgets
@@ -25,10 +26,28 @@ CTextureLayer::~CTextureLayer()
 
 bool CTextureLayer::Retrieve(const Common::CAABB& a_rectangle)
 {
-    DropTexture();
-    m_valid = Textures().RetrieveTexture(m_element, a_rectangle.Left(), a_rectangle.Top(), a_rectangle.Width(),
-                                         a_rectangle.Height(), m_quads, m_texture);
+    Locate(a_rectangle);
+    Prepare();
     return m_valid;
+}
+
+bool CTextureLayer::Locate(const Common::CAABB& a_rectangle)
+{
+    DropTexture();
+    m_located = Textures().LocateElement(m_element, m_texture);
+    m_rectangle = a_rectangle;
+    m_valid = m_located != nullptr;
+    m_quads.clear();
+    return m_valid;
+}
+
+void CTextureLayer::Prepare()
+{
+    if (m_located != nullptr)
+    {
+        m_located->Generate(m_rectangle.Left(), m_rectangle.Top(), m_rectangle.Width(), m_rectangle.Height(), m_quads);
+        m_located = nullptr;
+    }
 }
 
 bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle)
@@ -73,6 +92,7 @@ void CTextureLayer::DropTexture()
         m_owned = false;
     }
     m_file.clear();
+    m_located = nullptr;
     m_texture = nullptr;
 }
 

@@ -8,6 +8,11 @@
 #include <string>
 #include <vector>
 
+namespace Gfx::Managers
+{
+class CTexturedElement;
+}
+
 namespace Gfx::Widgets
 {
 
@@ -24,6 +29,11 @@ public:
     /// Makes the quads anew, through the current theme. An element that isn't known, or whose page can't be loaded,
     /// leaves a layer that is not valid and draws nothing.
     bool Retrieve(const Common::CAABB& a_rectangle);
+
+    /// Retrieve() in two steps, for a layer that may never be drawn: finds the element and remembers the rectangle,
+    /// and, before it is first drawn, makes the quads.
+    bool Locate(const Common::CAABB& a_rectangle);
+    void Prepare();
 
     /// The same for an image file, whose path is used as it stands. The layer keeps the image, and reads the file again
     /// only when the path has changed or the texture was dropped; one that can't be read isn't tried again, either.
@@ -55,6 +65,9 @@ public:
 private:
     std::string m_element;
     std::vector<STexturedQuad> m_quads;
+    /// What has been located and not prepared yet; the texture manager's.
+    const Managers::CTexturedElement* m_located = nullptr;
+    Common::CAABB m_rectangle;
     void* m_texture = nullptr;
     bool m_valid = false;
     /// Whether the texture is the layer's own, from a file or from memory, and not a page's.

@@ -359,9 +359,14 @@ void CWidget::ShowAsItWas()
 
 void CWidget::AddChildren(std::list<WidgetPtr> a_children)
 {
+    const CLife life(m_children);
     for (const WidgetPtr& child : a_children)
     {
-        AddChild(child);
+        // An override's work may run a handler that ends this widget.
+        if (!life.IsOver())
+        {
+            AddChild(child);
+        }
     }
 }
 
@@ -723,6 +728,11 @@ const std::map<std::string, std::string>& CWidget::GetCustomInfo()
     }
     UpdateCustomInfo();
     return m_customInfo;
+}
+
+CWidget::WidgetPtr CWidget::Self() const
+{
+    return (m_parent != nullptr ? m_parent->m_children : WidgetManager().m_widgets).Find(this);
 }
 
 void CWidget::SetCustomInfo(const std::string& a_name, const std::string& a_value)

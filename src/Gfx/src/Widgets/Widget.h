@@ -266,7 +266,15 @@ protected:
     /// widget that doesn't clip.
     void UpdateScissor(const Common::SMargins& a_margins);
 
+    /// A pointer to this widget from whoever holds it, its parent or the top level: keeps it alive while handlers run
+    /// that may destroy it. Empty for a widget that is in neither's list.
+    [[nodiscard]] WidgetPtr Self() const;
+
+    /// Changes the position, and nothing else: no handler is asked, and the actor stays.
+    void SetTopLeft(const Common::CPoint& a_topLeft) { m_topLeft = a_topLeft; }
+
     void SetCustomInfo(const std::string& a_name, const std::string& a_value);
+    void ClearCustomInfo() { m_customInfo.clear(); }
 
     /// Queues a redraw as Invalidate(false) of this class does, for what changes no layout.
     void QueueRedraw();

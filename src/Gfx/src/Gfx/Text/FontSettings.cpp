@@ -5,6 +5,8 @@
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Themes/ThemeManager.h"
 
+#include <unordered_map>
+
 namespace Gfx::Text
 {
 
@@ -24,6 +26,38 @@ T ReadKey(const std::string& a_controlName, const std::string& a_key, const T& a
     return config.Get<T>("/Gfx/Controls/" + a_controlName + "/Font/" + a_key, general);
 }
 
+/// What the configuration says of a control's font.
+struct SFontKeys
+{
+    explicit SFontKeys(const std::string& a_controlName)
+        : name(ReadKey<std::string>(a_controlName, "Name", "Sans"))
+        , size(ReadKey<int>(a_controlName, "Size", 16))
+        , alignment(AlignmentFromString(ReadKey<std::string>(a_controlName, "Alignment", "Top,Left")))
+        , colourName(ReadKey<std::string>(a_controlName, "Colour", "White"))
+    {
+    }
+
+    std::string name;
+    int size;
+    int alignment;
+    std::string colourName;
+};
+
+/// Read once for each kind of control, until another configuration is loaded.
+const SFontKeys& FontKeys(const std::string& a_controlName)
+{
+    static std::unordered_map<std::string, SFontKeys> s_known;
+    static int s_generation = -1;
+    const int generation = StaticSingleton<CConfigManager>::ref().Generation();
+    if (s_generation != generation)
+    {
+        s_known.clear();
+        s_generation = generation;
+    }
+    const auto known = s_known.find(a_controlName);
+    return known != s_known.end() ? known->second : s_known.emplace(a_controlName, a_controlName).first->second;
+}
+
 CColour ColourOfTheme(const std::string& a_name)
 {
     return ColourFromString(StaticSingleton<CThemeManager>::ref().Element(a_name, a_name));
@@ -31,13 +65,13 @@ CColour ColourOfTheme(const std::string& a_name)
 
 } // namespace
 
-CFontSettings::CFontSettings(const std::string& a_controlName)
-    : name(ReadKey<std::string>(a_controlName, "Name", "Sans"))
-    , colour(Colours::White)
-    , size(ReadKey<int>(a_controlName, "Size", 16))
-    , alignment(AlignmentFromString(ReadKey<std::string>(a_controlName, "Alignment", "Top,Left")))
-    , colourName(ReadKey<std::string>(a_controlName, "Colour", "White"))
+CFontSettings::CFontSettings(const std::string& a_controlName) : colour(Colours::White)
 {
+    const SFontKeys& keys = FontKeys(a_controlName);
+    name = keys.name;
+    size = keys.size;
+    alignment = keys.alignment;
+    colourName = keys.colourName;
     colour = ColourOfTheme(colourName);
 }
 

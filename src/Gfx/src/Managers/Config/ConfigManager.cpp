@@ -9,6 +9,7 @@ namespace Gfx::Managers
 
 void CConfigManager::Initialise(const std::string& a_basePath)
 {
+    ++m_generation;
     m_basePath = a_basePath;
     m_configurationPath = a_basePath + "Configuration/";
     if (!Parse(m_configurationPath + "GfxConfig.xml"))

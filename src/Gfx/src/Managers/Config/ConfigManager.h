@@ -30,6 +30,9 @@ public:
         return text.empty() ? a_default : Core::LexicalCast<T, std::string>(text, a_default);
     }
 
+    /// How often a file has been loaded. What was read at another count has to be read anew.
+    [[nodiscard]] int Generation() const { return m_generation; }
+
     /// Whether labels are clipped to their controls: /Gfx/General/ClipText.
     [[nodiscard]] bool ClipText() const { return m_clipText; }
 
@@ -41,6 +44,7 @@ private:
     [[nodiscard]] const std::string& RawText(const std::string& a_path) const;
 
     mutable std::map<std::string, std::string> m_values;
+    int m_generation = 0;
     bool m_clipText = false;
     std::string m_basePath;
     std::string m_configurationPath;

@@ -26,9 +26,9 @@ struct SStyleKey
 
 constexpr int k_largestNumber = 1 << 24;
 
-/// A control's style, read by its table of keys, whose paths begin behind a_prefix.
+/// The style that a control's table of keys leads to; the paths begin behind a_prefix.
 template <typename StyleT, std::size_t Count>
-StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys, const std::string& a_prefix = "")
+StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys, const std::string& a_prefix)
 {
     const CConfigManager& config = Core::Patterns::StaticSingleton<CConfigManager>::ref();
     StyleT style;
@@ -47,6 +47,22 @@ StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys, const std::
             key.member);
     }
     return style;
+}
+
+/// The same for a table that is its style's only one. It is read once; the reference is good until a configuration is
+/// loaded.
+template <typename StyleT, std::size_t Count>
+const StyleT& ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys)
+{
+    static StyleT s_style;
+    static int s_generation = -1;
+    const int generation = Core::Patterns::StaticSingleton<CConfigManager>::ref().Generation();
+    if (s_generation != generation)
+    {
+        s_style = ReadStyle(a_keys, "");
+        s_generation = generation;
+    }
+    return s_style;
 }
 
 } // namespace Gfx::Managers

@@ -40,9 +40,10 @@ bool IsWithin(int a_start, int a_length, int a_pageLength)
     return a_start >= 0 && a_start < a_pageLength && end >= 0 && end <= a_pageLength;
 }
 
-std::string ThroughTheme(const std::string& a_name)
+const std::string& ThroughTheme(const std::string& a_name)
 {
-    return StaticSingleton<CThemeManager>::ref().Element(a_name, a_name);
+    const std::string* const element = StaticSingleton<CThemeManager>::ref().FindElement(a_name);
+    return element != nullptr ? *element : a_name;
 }
 
 } // namespace
@@ -141,16 +142,26 @@ void CTextureManager::LoadTextures()
 bool CTextureManager::RetrieveTexture(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
                                       std::vector<STexturedQuad>& a_quads, void*& a_texture)
 {
+    const CTexturedElement* const element = LocateElement(a_name, a_texture);
+    if (element == nullptr)
+    {
+        return false;
+    }
+    element->Generate(a_x, a_y, a_width, a_height, a_quads);
+    return true;
+}
+
+const CTexturedElement* CTextureManager::LocateElement(const std::string& a_name, void*& a_texture)
+{
     a_texture = nullptr;
-    const std::string name = ThroughTheme(a_name);
+    const std::string& name = ThroughTheme(a_name);
     const auto page = m_pageOfElement.find(name);
-    return page != m_pageOfElement.end() &&
-           page->second->RetrieveElement(name, a_x, a_y, a_width, a_height, a_quads, a_texture);
+    return page != m_pageOfElement.end() ? page->second->LocateElement(name, a_texture) : nullptr;
 }
 
 int CTextureManager::GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const
 {
-    const std::string name = ThroughTheme(a_name);
+    const std::string& name = ThroughTheme(a_name);
     const auto page = m_pageOfElement.find(name);
     return page != m_pageOfElement.end() ? page->second->GetElementMargin(name, a_margin) : 0;
 }

@@ -43,6 +43,10 @@ public:
     [[nodiscard]] bool RetrieveTexture(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
                                        std::vector<STexturedQuad>& a_quads, void*& a_texture);
 
+    /// The same without the quads, which the element makes: null in place of false. The element stays the manager's,
+    /// to the end of the process.
+    [[nodiscard]] const CTexturedElement* LocateElement(const std::string& a_name, void*& a_texture);
+
     /// The width of one border of an element, in pixels; 0 if no page has it.
     [[nodiscard]] int GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const;
 

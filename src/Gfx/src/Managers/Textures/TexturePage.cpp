@@ -44,10 +44,21 @@ void CTexturePage::AddElement(const std::string& a_name, CTexturedElement* a_ele
 bool CTexturePage::RetrieveElement(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
                                    std::vector<STexturedQuad>& a_quads, void*& a_texture)
 {
+    const CTexturedElement* const element = LocateElement(a_name, a_texture);
+    if (element == nullptr)
+    {
+        return false;
+    }
+    element->Generate(a_x, a_y, a_width, a_height, a_quads);
+    return true;
+}
+
+const CTexturedElement* CTexturePage::LocateElement(const std::string& a_name, void*& a_texture)
+{
     const auto element = m_elements.find(a_name);
     if (element == m_elements.end())
     {
-        return false;
+        return nullptr;
     }
     if (!m_loadAttempted)
     {
@@ -57,11 +68,10 @@ bool CTexturePage::RetrieveElement(const std::string& a_name, int a_x, int a_y, 
     }
     if (!IsValid())
     {
-        return false;
+        return nullptr;
     }
-    element->second->Generate(a_x, a_y, a_width, a_height, a_quads);
     a_texture = m_texture;
-    return true;
+    return element->second.get();
 }
 
 } // namespace Gfx::Managers

@@ -45,6 +45,9 @@ public:
     [[nodiscard]] bool RetrieveElement(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
                                        std::vector<STexturedQuad>& a_quads, void*& a_texture);
 
+    /// The same without the quads, which the element makes: null in place of false.
+    [[nodiscard]] const CTexturedElement* LocateElement(const std::string& a_name, void*& a_texture);
+
     [[nodiscard]] const std::string& File() const { return m_file; }
     [[nodiscard]] int Width() const { return m_width; }
     [[nodiscard]] int Height() const { return m_height; }

@@ -73,10 +73,16 @@ void CThemeManager::ReadTheme(const Core::IO::XMLNode& a_theme)
 
 std::string CThemeManager::Element(const std::string& a_name, const std::string& a_default) const
 {
+    const std::string* const element = FindElement(a_name);
+    return element != nullptr ? *element : a_default;
+}
+
+const std::string* CThemeManager::FindElement(const std::string& a_name) const
+{
     const auto themeIter = m_themes.find(m_currentTheme);
     GFX_ASSERT(themeIter != m_themes.end());
     const auto element = themeIter->second.find(a_name);
-    return element != themeIter->second.end() ? element->second : a_default;
+    return element != themeIter->second.end() ? &element->second : nullptr;
 }
 
 void CThemeManager::SetTheme(const std::string& a_id)

@@ -33,6 +33,9 @@ public:
     /// The value of a_name in the current theme; a_default if it has none. Other themes aren't asked.
     [[nodiscard]] std::string Element(const std::string& a_name, const std::string& a_default) const;
 
+    /// The same without a copy: null if the theme has none. It is good until a further theme file is read.
+    [[nodiscard]] const std::string* FindElement(const std::string& a_name) const;
+
     /// Makes a_id the current theme, and every widget read its style anew, even if it is current already. Does nothing
     /// if there is no such theme.
     void SetTheme(const std::string& a_id);

@@ -17,8 +17,9 @@ typedef struct _ClutterActor ClutterActor;
 
 namespace Gfx::Widgets
 {
+class CMessageBox;
 class CWidget;
-}
+} // namespace Gfx::Widgets
 
 namespace Gfx::Managers
 {
@@ -33,6 +34,7 @@ class GFX_API CWidgetManager
 {
 public:
     using WidgetPtr = Core::SharedPtr<Widgets::CWidget>;
+    using OptionHandler = Core::Functor<void, int>::Signature;
     using KeyboardEventCallback = Core::Functor<bool, unsigned int>::Signature;
 
     CWidgetManager();
@@ -83,6 +85,15 @@ public:
     [[nodiscard]] bool IsVisible(const Widgets::CWidget* a_widget) const;
 
     [[nodiscard]] std::vector<std::string> VisibleWidgetNames() const;
+
+    /// Shows a modal box with a message and up to three buttons, those whose captions aren't empty, in the middle of
+    /// the display. a_handler, which stays the caller's, gets the number of the button that closes the box, from 1;
+    /// null for none. The box is the manager's, and gone with that click; null if it couldn't be shown. Boxes lie on
+    /// one another, and all have the name "WidgetMgrMessage".
+    Widgets::CMessageBox* ShowMessageBox(int a_width, int a_height, const std::string& a_title,
+                                         const std::string& a_message, OptionHandler* a_handler,
+                                         const std::string& a_btn1, const std::string& a_btn2,
+                                         const std::string& a_btn3);
 
     /// a_callback sees each key before the selected widget does, and keeps it by returning false. It is owned from now
     /// on; null for none.

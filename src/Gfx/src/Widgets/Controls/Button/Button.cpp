@@ -81,7 +81,7 @@ CButton::CButton(const std::string& a_name, int a_x, int a_y, int a_width, int a
     , m_current(m_textureSets.try_emplace(k_defaultSet).first)
 {
     InitialiseClutterGroup();
-    const auto style = Managers::ReadStyle(s_styleKeys);
+    const SStyle& style = Managers::ReadStyle(s_styleKeys);
     SetFlashTexture(style.flash);
     MousePriority(k_priority);
     SetTextures(style.inactive, style.hover, style.active, k_defaultSet);
@@ -98,9 +98,10 @@ void CButton::LoadTextures()
     {
         if (!layer.HasTexture())
         {
-            layer.Retrieve({0, 0, Width(), Height()});
+            layer.Locate({0, 0, Width(), Height()});
         }
     }
+    m_current->second.layers[m_state].Prepare();
     if (m_hasImage)
     {
         LoadImage();
@@ -226,7 +227,11 @@ void CButton::SetFlashTexture(const std::string& a_element)
 
 void CButton::LoadFlashTexture()
 {
-    m_flash.Retrieve({0, 0, Width(), Height()});
+    m_flash.Locate({0, 0, Width(), Height()});
+    if (m_flashing)
+    {
+        m_flash.Prepare();
+    }
 }
 
 void CButton::Flashing(bool a_flashing)
@@ -234,6 +239,7 @@ void CButton::Flashing(bool a_flashing)
     if (a_flashing != m_flashing)
     {
         m_flashing = a_flashing;
+        m_flash.Prepare();
         m_flashCounter = 0;
         m_flashRising = false;
         QueueRedraw();
@@ -301,9 +307,11 @@ void CButton::DrawFlash(const CColour& a_colour) const
     // A period of 0 makes this no number, or infinite.
     const auto whole =
         alpha > 0.0F ? static_cast<unsigned char>(std::min(alpha, 255.0F)) : static_cast<unsigned char>(0);
+    // Not a_colour: while the button's window is dragged, its picture is half transparent.
+    const ClutterColor before = cogl_current_color();
     Utilities::SetColour(CColour(a_colour.Red(), a_colour.Green(), a_colour.Blue(), whole));
     m_flash.Draw();
-    Utilities::SetColour(a_colour);
+    cogl_color(&before);
 }
 
 void CButton::Idle()

@@ -53,7 +53,7 @@ CLabel::CLabel(const std::string& a_name, int a_x, int a_y, int a_width, int a_h
     , m_autoSize(a_autoSize)
 {
     InitialiseClutterGroup();
-    const auto style = Managers::ReadStyle(s_styleKeys);
+    const SStyle& style = Managers::ReadStyle(s_styleKeys);
     m_background.Element(a_raised ? style.raised : style.lowered);
     m_hasBackground = style.hasBackground == "Yes";
     LoadTextures();

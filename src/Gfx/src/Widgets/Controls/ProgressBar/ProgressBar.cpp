@@ -48,7 +48,7 @@ CProgressBar::CProgressBar(const std::string& a_name, int a_x, int a_y, int a_wi
     , m_leftToRight(a_leftToRight)
 {
     InitialiseClutterGroup();
-    const auto style = Managers::ReadStyle(s_styleKeys);
+    const SStyle& style = Managers::ReadStyle(s_styleKeys);
     m_background.Element(style.background);
     m_bar.Element(style.bar);
     CheckRange();

@@ -1,0 +1,379 @@
+#include "Gallery.h"
+
+#include <array>
+#include <utility>
+
+namespace Demo
+{
+
+using Core::Patterns::StaticSingleton;
+using Gfx::Common::CAABB;
+using Gfx::Common::CPoint;
+using namespace Gfx::Widgets;
+
+namespace
+{
+
+constexpr CAABB k_pageArea{184, 68, 604, 400};
+constexpr int k_navigationWidth = 168;
+constexpr const char* k_selected = "Selected";
+constexpr const char* k_localised = "Localised:";
+
+Gfx::Managers::CWidgetManager& Widgets()
+{
+    return StaticSingleton<Gfx::Managers::CWidgetManager>::ref();
+}
+
+Gfx::Managers::CThemeManager& Themes()
+{
+    return StaticSingleton<Gfx::Managers::CThemeManager>::ref();
+}
+
+/// Makes a widget as a child of another one, which holds it from then on.
+template <typename WidgetT, typename... ArgumentTs>
+WidgetT& Add(CWidget& a_parent, ArgumentTs&&... a_arguments)
+{
+    auto* widget = new WidgetT(std::forward<ArgumentTs>(a_arguments)...);
+    a_parent.AddChild(CWidget::WidgetPtr(widget));
+    return *widget;
+}
+
+CButton& AddButton(CWidget& a_parent, const CAABB& a_box, const std::string& a_text, bool a_allowHover = false)
+{
+    auto& button =
+        Add<CButton>(a_parent, "button", a_box.Left(), a_box.Top(), a_box.Width(), a_box.Height(), a_allowHover);
+    button.Text(k_localised + a_text);
+    return button;
+}
+
+CButton& AddIcon(CWidget& a_parent, int a_x, int a_y, const std::string& a_image)
+{
+    auto& button = Add<CButton>(a_parent, "icon", a_x, a_y, 60, 48, false);
+    button.SetImage(a_image, Gfx::eaCentre | Gfx::eaMiddle, 28, 28);
+    return button;
+}
+
+CLabel& AddLabel(CWidget& a_parent, const CAABB& a_box, const std::string& a_text, int a_alignment = 0)
+{
+    auto& label = Add<CLabel>(a_parent, "label", a_box.Left(), a_box.Top(), a_box.Width(), a_box.Height(), false, false,
+                              false, k_localised + a_text, true);
+    if (a_alignment != 0)
+    {
+        Gfx::Text::CFontSettings font = label.Font();
+        font.alignment = a_alignment;
+        label.Font(font);
+    }
+    return label;
+}
+
+const std::string k_longText =
+    "The greenhouse opens its vents when the air inside is warmer than the set point, and closes them when rain or "
+    "strong wind is reported. While the shade is drawn, irrigation runs for shorter spells.\n\n"
+    "Words are broken at the width of the text box. What doesn't fit is scrolled, by the bar at the right, which is "
+    "only there when it is needed.\n\n"
+    "Right to left: \xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D \xD7\xA2\xD7\x95\xD7\x9C\xD7\x9D. Greek: "
+    "\xCE\xBA\xCE\xB1\xCE\xBB\xCE\xB7\xCE\xBC\xCE\xAD\xCF\x81\xCE\xB1. Russian: "
+    "\xD0\xB4\xD0\xBE\xD0\xB1\xD1\x80\xD1\x8B\xD0\xB9 \xD0\xB4\xD0\xB5\xD0\xBD\xD1\x8C.";
+
+} // namespace
+
+CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
+{
+    Widgets().AddWidget(m_screen);
+    AddButtons();
+    AddLabels();
+    AddChoices();
+    AddImages();
+    AddProgress();
+    AddScrolling();
+    AddTexts();
+    AddWindows();
+    AddWizard();
+    AddSwitches();
+    ShowPage(0);
+}
+
+void CGallery::OnClick(CWidget& a_widget, std::function<void()> a_action)
+{
+    using Click = Core::Functor<void, CWidget*, int, const CPoint&, bool>;
+    m_clickHandlers.emplace_back(
+        Click::Make([action = std::move(a_action)](CWidget*, int, const CPoint&, bool) { action(); }));
+    a_widget.SetClickEventHandler(m_clickHandlers.back().get());
+}
+
+CPanel& CGallery::AddPage(const std::string& a_name)
+{
+    const auto index = static_cast<int>(m_pages.size());
+    auto& button = AddButton(*m_screen, {12, 12 + index * 51, k_navigationWidth - 12, 46}, a_name);
+    button.SetTextures("ControlActive_Up", "ControlActive_Up", "ControlActive_Down", k_selected);
+    OnClick(button, [this, index] { ShowPage(static_cast<std::size_t>(index)); });
+    auto& panel = Add<CPanel>(*m_screen, a_name, k_pageArea.Left(), k_pageArea.Top(), k_pageArea.Width(),
+                              k_pageArea.Height(), false, true);
+    panel.Hide();
+    m_pages.push_back({a_name, &panel, &button, nullptr});
+    return panel;
+}
+
+void CGallery::ShowPage(std::size_t a_index)
+{
+    for (std::size_t i = 0; i < m_pages.size(); ++i)
+    {
+        m_pages[i].panel->SetShowHide(i == a_index);
+        m_pages[i].button->ChangeTextureSet(i == a_index ? k_selected : "Default");
+    }
+}
+
+CWidget* CGallery::ShowExtra(std::size_t a_index)
+{
+    return m_pages[a_index].extra ? m_pages[a_index].extra() : nullptr;
+}
+
+void CGallery::AddButtons()
+{
+    CPanel& page = AddPage("Buttons");
+    const auto place = [](int a_column, int a_row) { return CAABB(20 + a_column * 192, 20 + a_row * 62, 180, 50); };
+    AddButton(page, place(0, 0), "Plain");
+    AddButton(page, place(1, 0), "With hover", true);
+    AddButton(page, place(2, 0), "Disabled").Disabled(true);
+    AddButton(page, place(0, 1), "Flashing").Flashing(true);
+    AddButton(page, place(1, 1), "Shortened where it is too long").SetEllipsisMode(Gfx::Text::eemEnd);
+    CButton& latch = AddButton(page, place(2, 1), "Latching");
+    latch.SetTextures("ControlActive_Up", "ControlActive_Up", "ControlInactive_Down", k_selected);
+    OnClick(latch, [&latch] { latch.ChangeTextureSet(latch.TextureSet() == k_selected ? "Default" : k_selected); });
+    CButton& markup = AddButton(page, place(0, 2), "<b>Bold</b>, <i>slanted</i>");
+    markup.ParseMarkup(true);
+    CButton& half = AddButton(page, place(1, 2), "Half transparent");
+    half.SetTransparency(50, false);
+    AddButton(page, place(2, 2), "Home").SetImage("Icon_Home", Gfx::eaLeft | Gfx::eaMiddle, 28, 28);
+    int x = 20;
+    for (const char* icon : {"Icon_Home", "Icon_Settings", "Icon_Bell", "Icon_Play", "Icon_Pause", "Icon_Map"})
+    {
+        AddIcon(page, x, 220, icon);
+        x += 70;
+    }
+    AddIcon(page, x, 220, "Icon_Warning").Disabled(true);
+    CLabel& counter = AddLabel(page, {20, 300, 400, 30}, "No touch yet");
+    CButton& count = AddButton(page, {404, 290, 180, 50}, "Count touches");
+    OnClick(count, [&counter, touches = 0]() mutable { counter.Text("Touches: " + std::to_string(++touches)); });
+}
+
+void CGallery::AddLabels()
+{
+    CPanel& page = AddPage("Labels");
+    const struct
+    {
+        const char* text;
+        int alignment;
+    } alignments[] = {{"Top, left", Gfx::eaTop | Gfx::eaLeft},        {"Top, centre", Gfx::eaTop | Gfx::eaCentre},
+                      {"Top, right", Gfx::eaTop | Gfx::eaRight},      {"Middle, left", Gfx::eaMiddle | Gfx::eaLeft},
+                      {"Middle", Gfx::eaMiddle | Gfx::eaCentre},      {"Middle, right", Gfx::eaMiddle | Gfx::eaRight},
+                      {"Bottom, left", Gfx::eaBottom | Gfx::eaLeft},  {"Bottom", Gfx::eaBottom | Gfx::eaCentre},
+                      {"Bottom, right", Gfx::eaBottom | Gfx::eaRight}};
+    int index = 0;
+    for (const auto& row : alignments)
+    {
+        AddLabel(page, {20 + index % 3 * 192, 20 + index / 3 * 74, 180, 64}, row.text, row.alignment).Background(true);
+        ++index;
+    }
+    CLabel& markup = AddLabel(page, {20, 250, 564, 30},
+                              "<b>Bold</b>, <i>slanted</i>, <u>underlined</u>, <span size='smaller'>small</span>");
+    markup.ParseMarkup(true);
+    Add<CLabel>(page, "wrapped", 20, 288, 564, 60, true, false, false,
+                "Localised:A label breaks its lines at its width, where it is told to; otherwise it is one line long.",
+                true);
+    auto& fitted = Add<CLabel>(page, "fitted", 20, 350, 10, 10, false, true, false,
+                               "Localised:This label is as large as its text", false);
+    fitted.Background(true);
+    fitted.Text("Localised:This label is as large as its text ");
+}
+
+void CGallery::AddChoices()
+{
+    CPanel& page = AddPage("Choices");
+    const char* checks[] = {"Open the vents by themselves", "Draw the shade at noon", "Sound an alarm"};
+    int y = 24;
+    for (const char* text : checks)
+    {
+        auto& box = Add<CCheckBox>(page, "check", 24, y, 540, 44, k_localised + std::string(text));
+        box.Checked(y == 24);
+        y += 54;
+    }
+    Add<CCheckBox>(page, "check", 24, y, 540, 44, "Localised:Read only").ReadOnly(true);
+    m_radioGroup = Core::SharedPtr<CRadioGroup>(new CRadioGroup);
+    const char* radios[] = {"Celsius", "Fahrenheit", "Kelvin"};
+    int x = 24;
+    for (const char* text : radios)
+    {
+        Core::SharedPtr<CRadioButton> radio(
+            new CRadioButton("radio", x, 270, 180, 44, k_localised + std::string(text)));
+        radio->Checked(x == 24);
+        page.AddChild(radio);
+        m_radioGroup->Add(radio, m_radioGroup);
+        x += 190;
+    }
+}
+
+void CGallery::AddImages()
+{
+    CPanel& page = AddPage("Images");
+    const char* images[] = {"Icon_Home", "Icon_Map",   "Icon_Bell",  "Icon_Globe", "Icon_Info",
+                            "Lamp_Red",  "Lamp_Amber", "Lamp_Green", "Lamp_Off",   "Arrow_Right"};
+    int index = 0;
+    for (const char* image : images)
+    {
+        Add<CImage>(page, "image", 40 + index % 5 * 110, 30 + index / 5 * 80, 40, 40, image);
+        ++index;
+    }
+    Add<CImage>(page, "stretched", 40, 200, 240, 80, "ControlActive_Up");
+    // A gradient from memory.
+    constexpr int side = 128;
+    std::vector<unsigned char> pixels;
+    for (int y = 0; y < side; ++y)
+    {
+        for (int x = 0; x < side; ++x)
+        {
+            pixels.insert(pixels.end(), {static_cast<unsigned char>(2 * x), static_cast<unsigned char>(2 * y), 160});
+        }
+    }
+    auto& gradient = Add<CImage>(page, "gradient", 400, 200, side, side, "");
+    gradient.SetImage(pixels.data(), side, side, 3);
+    AddLabel(page, {40, 290, 340, 30}, "Stretched between its borders");
+    AddLabel(page, {400, 334, 190, 30}, "Pixels from memory");
+}
+
+void CGallery::AddProgress()
+{
+    CPanel& page = AddPage("Progress");
+    const int values[] = {0, 1, 35, 100};
+    int y = 24;
+    for (const int value : values)
+    {
+        AddLabel(page, {24, y, 120, 32}, std::to_string(value) + " %");
+        Add<CProgressBar>(page, "bar", 150, y, 434, 32, 0, 100, value, true);
+        y += 48;
+    }
+    AddLabel(page, {24, y, 124, 32}, "From right");
+    Add<CProgressBar>(page, "bar", 150, y, 434, 32, 0, 100, 60, false);
+    auto& moved = Add<CProgressBar>(page, "bar", 24, 340, 560, 36, 0, 100, 40, true);
+    auto& scroll = Add<CScrollBar>(page, "scroll", 24, 276, 560, 52, true, 0, 100, 40, 1);
+    using Scroll = Core::Functor<void, CWidget*, int>;
+    m_scrollHandlers.emplace_back(Scroll::Make([&moved](CWidget*, int a_current) { moved.Current(a_current); }));
+    scroll.SetScrollEventHandler(m_scrollHandlers.back().get());
+}
+
+void CGallery::AddScrolling()
+{
+    CPanel& page = AddPage("Scrolling");
+    auto& panel = Add<CPanel>(page, "list", 20, 20, 380, 360, true, false);
+    for (int i = 0; i < 14; ++i)
+    {
+        AddButton(panel, {12, 12 + i * 54, 290, 48}, "Zone " + std::to_string(i + 1));
+    }
+    Add<CScrollBar>(page, "vertical", 420, 20, 52, 360, false, 0, 20, 7, 1);
+    auto& small = Add<CScrollBar>(page, "vertical", 490, 20, 52, 360, false, 0, 20, 7, 1);
+    small.SetTransparency(50, false);
+}
+
+void CGallery::AddTexts()
+{
+    CPanel& page = AddPage("Texts");
+    auto& text = Add<CTextBox>(page, "text", 20, 20, 564, 240, true);
+    text.Text(k_longText);
+    auto& note = Add<CTextBox>(page, "note", 20, 276, 564, 100, false);
+    note.ParseMarkup(true);
+    note.Text("This one does <b>not</b> scroll, and parses <i>markup</i>.");
+}
+
+void CGallery::AddWindows()
+{
+    CPanel& page = AddPage("Windows");
+    m_answer.reset(Core::Functor<void, int>::Make([](int) {}));
+    const auto showWindow = []
+    {
+        auto* window = new CWindow("window", 220, 110, 420, 260, false, "Localised:A window",
+                                   CWindow::ewfTitleBar | CWindow::ewfDraggable);
+        Widgets().AddWidget(CWidget::WidgetPtr(window));
+        AddLabel(*window, {16, 12, 380, 60}, "Drag it by its title.", Gfx::eaLeft | Gfx::eaMiddle);
+        return window;
+    };
+    CButton& open = AddButton(page, {24, 24, 270, 50}, "Open a window");
+    OnClick(open,
+            [this, showWindow]
+            {
+                CWindow* window = showWindow();
+                CButton& close = AddButton(*window, {260, 140, 140, 50}, "Close");
+                OnClick(close, [window] { window->Destroy(); });
+            });
+    const std::array<std::pair<const char*, std::array<const char*, 3>>, 3> boxes{{
+        {"One button", {"Yes", "", ""}},
+        {"Two buttons", {"Yes", "No", ""}},
+        {"Three, one an image", {"Yes", "No", "Image:Icon_Cancel"}},
+    }};
+    int y = 90;
+    for (const auto& box : boxes)
+    {
+        CButton& button = AddButton(page, {24, y, 270, 50}, box.first);
+        const auto show = [this, captions = box.second]() -> CWidget*
+        {
+            return Widgets().ShowMessageBox(520, 300, "",
+                                            "Water is low in tank <b>two</b>. Fill it up before the night?",
+                                            m_answer.get(), captions[0], captions[1], captions[2]);
+        };
+        OnClick(button, show);
+        m_pages.back().extra = show;
+        y += 66;
+    }
+}
+
+void CGallery::AddWizard()
+{
+    CPanel& page = AddPage("Wizard");
+    using Navigate = Core::Functor<const std::string, bool, const std::string&>;
+    m_navigate.reset(Navigate::Make(
+        [](bool a_forwards, const std::string& a_stage) -> const std::string
+        {
+            const int next = a_stage.back() - '0' + (a_forwards ? 1 : -1);
+            return next < 1 ? a_stage : next > 3 ? "" : "Stage" + std::to_string(next);
+        }));
+    AddLabel(page, {24, 24, 560, 30}, "A wizard leads through pages, with a button back and one on.");
+    CButton& start = AddButton(page, {24, 70, 270, 50}, "Start the wizard");
+    const auto show = [this]() -> CWidget*
+    {
+        auto* wizard = new CWizard("wizard");
+        for (int i = 1; i <= 3; ++i)
+        {
+            auto* stage = new CWizardStage("Stage" + std::to_string(i), false);
+            AddLabel(*stage, {20, 20, 700, 40}, "Step " + std::to_string(i) + " of 3");
+            Add<CCheckBox>(*stage, "check", 20, 80, 500, 44, "Localised:Sound an alarm");
+            wizard->AddChild(CWidget::WidgetPtr(stage));
+        }
+        wizard->SetNavigateEventHandler(m_navigate.get());
+        Widgets().AddWidget(CWidget::WidgetPtr(wizard));
+        wizard->SelectStage("Stage1");
+        return wizard;
+    };
+    OnClick(start, show);
+    m_pages.back().extra = show;
+}
+
+void CGallery::AddSwitches()
+{
+    AddLabel(*m_screen, {184, 12, 300, 48}, "Controls", Gfx::eaLeft | Gfx::eaMiddle);
+    const std::array<std::pair<const char*, const char*>, 3> themes{
+        {{"Icon_Sun", "Day"}, {"Icon_Moon", "Night"}, {"Icon_Contrast", "Contrast"}}};
+    int x = 524;
+    for (const auto& [icon, theme] : themes)
+    {
+        OnClick(AddIcon(*m_screen, x, 12, icon), [theme = theme] { Themes().SetTheme(theme); });
+        x += 68;
+    }
+    OnClick(AddIcon(*m_screen, x, 12, "Icon_Globe"), [this] { NextLanguage(); });
+}
+
+void CGallery::NextLanguage()
+{
+    Core::Localisation::CManager& localisation = *Core::Localisation::CManager::Instance();
+    static_cast<void>(localisation.SetLanguage(localisation.Language() == "de" ? "en" : "de"));
+}
+
+} // namespace Demo

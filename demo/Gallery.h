@@ -1,0 +1,64 @@
+#pragma once
+
+#include <Gfx/Gfx.h>
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Demo
+{
+
+/// A page for each kind of control, with all its states, and buttons for the theme and the language. It builds its
+/// widgets once and lives as long as they do: to the end of the process.
+class CGallery
+{
+public:
+    CGallery();
+
+    [[nodiscard]] std::size_t PageCount() const { return m_pages.size(); }
+    [[nodiscard]] const std::string& PageName(std::size_t a_index) const { return m_pages[a_index].name; }
+    void ShowPage(std::size_t a_index);
+
+    /// Brings up what a page shows by a touch: a message box, a wizard. Null if it has nothing of that kind.
+    Gfx::Widgets::CWidget* ShowExtra(std::size_t a_index);
+
+private:
+    using CWidget = Gfx::Widgets::CWidget;
+    using WidgetPtr = CWidget::WidgetPtr;
+
+    struct SPage
+    {
+        std::string name;
+        Gfx::Widgets::CPanel* panel;
+        Gfx::Widgets::CButton* button;
+        std::function<CWidget*()> extra;
+    };
+
+    Gfx::Widgets::CPanel& AddPage(const std::string& a_name);
+    void AddButtons();
+    void AddLabels();
+    void AddChoices();
+    void AddImages();
+    void AddProgress();
+    void AddScrolling();
+    void AddTexts();
+    void AddWindows();
+    void AddWizard();
+    void AddSwitches();
+    void NextLanguage();
+
+    void OnClick(CWidget& a_widget, std::function<void()> a_action);
+
+    WidgetPtr m_screen;
+    std::vector<SPage> m_pages;
+    std::list<std::unique_ptr<CWidget::ClickHandler>> m_clickHandlers;
+    std::list<std::unique_ptr<Gfx::Widgets::CScrollBar::ScrollEventHandler>> m_scrollHandlers;
+    std::unique_ptr<Gfx::Widgets::CMessageBox::OptionHandler> m_answer;
+    std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
+    Core::SharedPtr<Gfx::Widgets::CRadioGroup> m_radioGroup;
+};
+
+} // namespace Demo
