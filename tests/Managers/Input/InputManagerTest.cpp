@@ -1,11 +1,14 @@
 #include "Managers/Input/InputManager.h"
 
+#include "Managers/Input/NewInputManager.h"
 #include "Managers/Widgets/RecordingWidget.h"
 
 #include <clutter/clutter.h>
 
-#include <limits>
+#include <cmath>
 #include <regex>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -23,6 +26,12 @@ protected:
     {
         CRecordingTest::SetUp();
         Top("w", 0, 0, k_width, k_height);
+        Widgets().SetKeyboardEventCallback(Core::Functor<bool, unsigned int>::Make(
+            [this](unsigned int a_key)
+            {
+                m_keys.push_back(a_key);
+                return false;
+            }));
         TakeLog();
     }
 
@@ -31,6 +40,9 @@ protected:
         CRecordingTest::TearDown();
         input.UseCalibration(CInputManager::k_identity);
     }
+
+    using Keys = std::vector<unsigned int>;
+    Keys TakeKeys() { return std::exchange(m_keys, {}); }
 
     static std::string TakeLog() { return GfxTest::CRecordingWidget::TakeLog(); }
 
@@ -72,6 +84,7 @@ protected:
     }
 
     CInputManager& input = StaticSingleton<CInputManager>::ref();
+    Keys m_keys;
 };
 
 TEST_F(InputManagerTest, TheStageIsListenedToOnce)
@@ -124,23 +137,74 @@ TEST_F(InputManagerTest, OtherButtonsAndPlainMovesAreSwallowed)
 
 TEST_F(InputManagerTest, KeysActWhenTheyAreReleased)
 {
-    std::vector<unsigned int> keys;
-    Widgets().SetKeyboardEventCallback(Core::Functor<bool, unsigned int>::Make(
-        [&keys](unsigned int a_key)
-        {
-            keys.push_back(a_key);
-            return false;
-        }));
     EXPECT_FALSE(Key(true, CLUTTER_KEY_F5));
     EXPECT_TRUE(Key(false, CLUTTER_KEY_F3));
     EXPECT_TRUE(Key(false, CLUTTER_KEY_a));
-    EXPECT_EQ(keys, (std::vector{0xFFC0U, 0x61U}));
+    EXPECT_EQ(TakeKeys(), (Keys{0xFFC0, 0x61}));
+}
+
+TEST_F(InputManagerTest, TheSupervisorsEventsBecomeKeys)
+{
+    CTamarindAVREventClient& client = *input.AvrClient();
+    const struct
+    {
+        double holdSeconds;
+        Keys keys;
+    } cases[] = {
+        {std::nan(""), {0xFFC7}}, {-1.0, {0xFFC7}},         {0.99, {0xFFC7}},
+        {1.0, {0xFFC7, 0xFFBE}},  {4.99, {0xFFC7, 0xFFBE}}, {5.0, {0xFFC7, 0xFFC1}},
+    };
+    for (const auto& [holdSeconds, keys] : cases)
+    {
+        client.PostPowerKeyEvent(false, holdSeconds);
+        input.Idle();
+        EXPECT_EQ(TakeKeys(), keys) << holdSeconds;
+    }
+    client.PostGuidanceLineChangedEvent(true);
+    client.PostGuidanceLineChangedEvent(false);
+    client.PostIgnitionEvent(true);
+    client.PostIgnitionEvent(false);
+    client.PostPowerKeyEvent(true, 7.0);
+    EXPECT_EQ(TakeKeys(), Keys{}) << "not before the client is polled";
+    input.Idle();
+    EXPECT_EQ(TakeKeys(), (Keys{0xFFC0, 0xFFC0, 0xFFC2, 0xFFBF, 0xFFC6}));
+    input.Idle();
+    EXPECT_EQ(TakeKeys(), Keys{});
+}
+
+TEST_F(InputManagerTest, SupervisorCallbacksMayPostPollAndReplaceThemselves)
+{
+    using Switch = Core::Functor<void, CTamarindAVREventClient::ETamarindAVREvent, bool>;
+    CTamarindAVREventClient client;
+    std::string log;
+    client.SetGuidanceLineChangedEventCallback(Switch::Make(
+        [&, name = std::string("first")](auto, bool a_on)
+        {
+            client.PostGuidanceLineChangedEvent(true);
+            client.SetGuidanceLineChangedEventCallback(Switch::Make(
+                [&](auto, bool a_second)
+                {
+                    log += a_second ? "second on;" : "second off;";
+                    client.Poll();
+                }));
+            log += name + (a_on ? " on;" : " off;");
+        }));
+    client.PostGuidanceLineChangedEvent(true);
+    client.PostIgnitionEvent(true);
+    client.PostGuidanceLineChangedEvent(false);
+    client.Poll();
+    // The one that was posted meanwhile was polled for from within.
+    EXPECT_EQ(log, "first on;second off;second on;");
+    client.SetGuidanceLineChangedEventCallback(nullptr);
+    client.PostGuidanceLineChangedEvent(true);
+    client.PostPowerKeyEvent(true, 0.0);
+    client.Poll();
+    EXPECT_EQ(log, "first on;second off;second on;");
 }
 
 TEST_F(InputManagerTest, EachReportTellsOfWhatHasChanged)
 {
-    CInputManager device;
-    device.UseCalibration(CInputManager::k_identity);
+    CInputManager& device = GfxTest::NewInputManager();
     const auto report = [&device](int a_x)
     {
         device.MousePosition({a_x, 0});
@@ -186,50 +250,6 @@ TEST_F(InputManagerTest, InjectedEventsLookLikeThePointers)
     // But for the button, which an injected move doesn't tell.
     EXPECT_EQ(TakeLog(), std::regex_replace(pointer, std::regex(R"(Move\(1)"), "Move(0"));
     EXPECT_NE(pointer, "");
-}
-
-TEST(TouchCalibrationTest, CoordinatesAreMappedRoundedAndKeptOnTheScreen)
-{
-    constexpr float k_nan = std::numeric_limits<float>::quiet_NaN();
-    constexpr float k_infinity = std::numeric_limits<float>::infinity();
-    constexpr int k_lowest = std::numeric_limits<int>::min();
-    constexpr int k_highest = std::numeric_limits<int>::max();
-    constexpr CInputManager::SCalibration k_identity = CInputManager::k_identity;
-    constexpr CInputManager::SCalibration k_panel = CInputManager::k_uncalibrated;
-    const struct
-    {
-        CInputManager::SCalibration calibration;
-        CPoint raw;
-        CPoint pixel;
-    } cases[] = {
-        {k_identity, {0, 0}, {0, 0}},
-        {k_identity, {799, 479}, {799, 479}},
-        {k_identity, {800, 480}, {799, 479}},
-        {k_identity, {-1, -1}, {0, 0}},
-        {k_identity, {k_lowest, k_highest}, {0, 479}},
-        {k_identity, {k_highest, k_lowest}, {799, 0}},
-        // -401.692 + 5.52 + 808.746 and -5.324 + 252.646 - 14.404
-        {k_panel, {2000, 2000}, {413, 233}},
-        {k_panel, {0, 0}, {799, 0}},
-        {k_panel, {4095, 4095}, {0, 479}},
-        // y is 447.49997, but each step's result is rounded to single precision.
-        {k_panel, {307, 3663}, {757, 448}},
-        // Halves go away from zero.
-        {{1, 0, 0.5F, 0, 1, 0.49F}, {10, 10}, {11, 10}},
-        {{1, 0, -0.5F, 0, 1, -0.5F}, {0, 479}, {0, 479}},
-        {{0, 1, 0, 1, 0, 0}, {30, 40}, {40, 30}},
-        {{k_nan, 0, 0, 0, 1, k_nan}, {30, 40}, {0, 0}},
-        {{k_infinity, 0, 0, 0, -k_infinity, 0}, {30, 40}, {799, 0}},
-        {{k_infinity, 0, 0, 0, 1, k_infinity}, {0, 40}, {0, 479}},
-    };
-    for (const auto& [calibration, raw, pixel] : cases)
-    {
-        CInputManager device;
-        device.UseCalibration(calibration);
-        const CPoint result = device.TransformCoordinates(raw.X(), raw.Y());
-        EXPECT_EQ(result, pixel) << raw.X() << ',' << raw.Y() << " gives " << result.X() << ',' << result.Y();
-    }
-    EXPECT_EQ(CInputManager().TransformCoordinates(2000, 2000), CPoint(413, 233)) << "the panel is the default";
 }
 
 } // namespace

@@ -3,12 +3,10 @@
 #include "Widgets/Controls/Wizard/WizardStage.h"
 #include "support/StageTest.h"
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace
 {
@@ -96,15 +94,15 @@ TEST_F(WizardTest, ItFillsTheDisplayWithItsButtonsInTheCornersAndItsStagesAbove)
 TEST_F(WizardTest, EachStepAsksWhereItLeads)
 {
     // At first there is no stage, so an empty answer names the current one.
-    for (const auto& [answer, log] : std::vector<std::array<std::string, 2>>{{"", ">"},
-                                                                             {"one", ">, +one"},
-                                                                             {"two", ">one, -one, +two"},
-                                                                             {"two", ">two"},
-                                                                             {"unknown", "<two"},
-                                                                             {"one", "<two, -two, +one"},
-                                                                             {"block", ">one, -one"},
-                                                                             {"two", "<block, +two"},
-                                                                             {"", ">two, -two"}})
+    for (const auto& [answer, log] : {std::pair("", ">"),
+                                      {"one", ">, +one"},
+                                      {"two", ">one, -one, +two"},
+                                      {"two", ">two"},
+                                      {"unknown", "<two"},
+                                      {"one", "<two, -two, +one"},
+                                      {"block", ">one, -one"},
+                                      {"two", "<block, +two"},
+                                      {"", ">two, -two"}})
     {
         EXPECT_TRUE(m_wizard->Visible()) << log;
         m_answer = answer;

@@ -124,7 +124,7 @@ void CLabel::Background(bool a_background)
     {
         m_hasBackground = a_background;
         LoadTextures();
-        Invalidate(false);
+        KeepClearOfBorders();
     }
 }
 
@@ -132,7 +132,13 @@ void CLabel::BackgroundTexture(const std::string& a_element)
 {
     m_background.Element(a_element);
     LoadTextures();
+    KeepClearOfBorders();
+}
+
+void CLabel::KeepClearOfBorders()
+{
     Invalidate(false);
+    UpdateLabelPosition();
 }
 
 void CLabel::DrawSelf() const

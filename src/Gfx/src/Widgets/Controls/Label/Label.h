@@ -60,6 +60,8 @@ public:
 
 private:
     void UpdateLabelPosition();
+    /// The background has changed.
+    void KeepClearOfBorders();
 
     CControlText m_text;
     bool m_wrap;
