@@ -1,0 +1,106 @@
+#include "Widgets/Controls/Image/Image.h"
+
+#include "Managers/Themes/ThemeManager.h"
+#include "support/LogGuard.h"
+#include "support/StageTest.h"
+#include "support/TemporaryDirectory.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace
+{
+
+using Gfx::CColour;
+using Gfx::Colours::Yellow;
+using Gfx::Widgets::CImage;
+
+constexpr CColour k_blue(0, 0, 160, 255);
+
+class ImageTest : public GfxTest::CControlTest
+{
+protected:
+    static Core::SharedPtr<CImage> Add(const std::string& a_image)
+    {
+        return AddTopLevel(new CImage("image", 50, 60, 100, 80, a_image));
+    }
+
+    static std::string Solid()
+    {
+        std::ostringstream bytes;
+        bytes << std::ifstream(GFX_TEST_DATA "TextureMaps/Solid.png", std::ios::binary).rdbuf();
+        return bytes.str();
+    }
+};
+
+TEST_F(ImageTest, AnElementFillsTheWidgetInEveryTheme)
+{
+    const auto image = Add("Icon");
+    EXPECT_EQ(ShownExtent(Yellow), "50,60 100 x 80");
+    image->Resize(30, 20);
+    EXPECT_EQ(ShownExtent(Yellow), "50,60 30 x 20");
+    image->SetImage("ControlInactive_Up");
+    EXPECT_EQ(ShownExtent(k_blue), "50,60 30 x 20");
+    EXPECT_EQ(image->GetCustomInfo().at("Image"), "ControlInactive_Up");
+    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "50,60 30 x 20");
+    image->SetImage("unknown");
+    EXPECT_EQ(ShownExtent(Yellow), "none");
+}
+
+TEST_F(ImageTest, AFileIsReadOnceForItsName)
+{
+    const GfxTest::CTemporaryDirectory directory;
+    const std::string path = directory.Path() + "picture.png";
+    directory.Write("picture.png", Solid());
+    const auto image = Add(path);
+    const GfxTest::CPicture before = FreshPicture();
+    EXPECT_FALSE(before.At(60, 70) == Gfx::Colours::Black);
+    std::filesystem::remove(path);
+    image->SetImage(path);
+    image->Resize(100, 80);
+    EXPECT_EQ(FreshPicture().CountDifferences(before), 0);
+}
+
+TEST_F(ImageTest, ABadFileShowsNothingAndIsReportedOnce)
+{
+    const GfxTest::CTemporaryDirectory directory;
+    directory.Write("truncated.png", Solid().substr(0, 60));
+    directory.Write("text.png", "no picture");
+    // 60,000 by 60,000 pixels, by its header.
+    std::string huge = Solid();
+    const std::array<char, 8> size{0, 0, '\xEA', '\x60', 0, 0, '\xEA', '\x60'};
+    huge.replace(16, size.size(), size.data(), size.size());
+    directory.Write("huge.png", huge);
+    for (const char* name : {"truncated.png", "text.png", "huge.png"})
+    {
+        GfxTest::ExpectLog("Error loading texture " + directory.Path() + name);
+        const auto image = Add(directory.Path() + name);
+        image->Resize(90, 70);
+        image->UpdateStyle();
+        EXPECT_EQ(FreshPicture().At(60, 70), Gfx::Colours::Black) << name;
+        Widgets().DestroyWidget(image.Get());
+    }
+}
+
+TEST_F(ImageTest, PixelsFromMemoryDrawAtTheirOwnSizeUntilAResize)
+{
+    const auto image = Add("Icon");
+    std::array<unsigned char, 12 * 3> pixels{};
+    for (std::size_t i = 0; i < pixels.size(); i += 3)
+    {
+        pixels[i] = 255;
+    }
+    image->SetImage(pixels.data(), 4, 3, 3);
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "50,60 4 x 3");
+    EXPECT_EQ(image->GetCustomInfo().at("Image"), "");
+    image->SetImage(nullptr, 4, 3, 3);
+    image->UpdateStyle();
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "50,60 4 x 3");
+    image->Resize(50, 50);
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none");
+}
+
+} // namespace
