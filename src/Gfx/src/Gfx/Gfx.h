@@ -35,6 +35,7 @@
 #include "Managers/Textures/TexturedElement.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Managers/Widgets/WidgetManager.h"
+#include "Platform/System/TamarindAVREventClient.h"
 #include "Widgets/ControlText.h"
 #include "Widgets/Controls/Button/Button.h"
 #include "Widgets/Controls/CheckBox/CheckBox.h"

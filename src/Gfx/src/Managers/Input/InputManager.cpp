@@ -3,6 +3,8 @@
 #include "Managers/Widgets/WidgetManager.h"
 #include "Platform/Clutter/Clutter.h"
 
+#include <type_traits>
+
 template class Core::Patterns::StaticSingleton<Gfx::Managers::CInputManager>;
 
 namespace Gfx::Managers
@@ -12,6 +14,15 @@ using Core::Patterns::StaticSingleton;
 
 namespace
 {
+
+/// How long the power key is held to mean something, and something else.
+constexpr float k_holdSeconds = 1.0F;
+constexpr float k_longHoldSeconds = 5.0F;
+
+void SendKey(unsigned int a_symbol)
+{
+    StaticSingleton<CWidgetManager>::ref().KeyboardEvent(a_symbol);
+}
 
 Common::CPoint EventPoint(const ClutterEvent* a_event)
 {
@@ -40,14 +51,28 @@ gboolean OnStageEvent(ClutterActor*, ClutterEvent* a_event, gpointer)
             input.MousePosition(EventPoint(a_event));
         }
         return TRUE;
-    case CLUTTER_KEY_RELEASE:
-        StaticSingleton<CWidgetManager>::ref().KeyboardEvent(clutter_key_event_symbol(&a_event->key));
-        return TRUE;
+    case CLUTTER_KEY_RELEASE: SendKey(clutter_key_event_symbol(&a_event->key)); return TRUE;
     default: return FALSE;
     }
 }
 
+// Destroyed at exit, it would leave the main loop's sources and the supervisor's callbacks behind.
+static_assert(std::is_trivially_destructible_v<CInputManager>);
+
 } // namespace
+
+CInputManager::CInputManager()
+{
+    using AvrClient = CTamarindAVREventClient;
+    using Switch = Core::Functor<void, AvrClient::ETamarindAVREvent, bool>::Method<CInputManager>;
+    using PowerKey = Core::Functor<void, AvrClient::ETamarindAVREvent, bool, double>::Method<CInputManager>;
+    LoadCalibration();
+    Probe();
+    m_avrClient = new AvrClient;
+    m_avrClient->SetPowerKeyEventCallback(new PowerKey(this, &CInputManager::PowerKeyEvent));
+    m_avrClient->SetIgnitionEventCallback(new Switch(this, &CInputManager::IgnitionEvent));
+    m_avrClient->SetGuidanceLineChangedEventCallback(new Switch(this, &CInputManager::GuidanceLineChangedEvent));
+}
 
 void CInputManager::ConnectClutter()
 {
@@ -63,7 +88,13 @@ void CInputManager::ConnectClutter()
     }
 }
 
-void CInputManager::Idle() {}
+void CInputManager::Idle()
+{
+    if (m_avrClient != nullptr)
+    {
+        m_avrClient->Poll();
+    }
+}
 
 void CInputManager::MouseButton(bool a_down)
 {
@@ -101,6 +132,34 @@ void CInputManager::ReportEvents()
     {
         widgets.MouseEvent(Events::Move, Events::embFirst, point, false);
         widgets.MouseEvent(Events::FirstUp, Events::embFirst, point, false);
+    }
+}
+
+void CInputManager::GuidanceLineChangedEvent(CTamarindAVREventClient::ETamarindAVREvent, bool)
+{
+    SendKey(CLUTTER_KEY_F3);
+}
+
+void CInputManager::IgnitionEvent(CTamarindAVREventClient::ETamarindAVREvent, bool a_on)
+{
+    SendKey(a_on ? CLUTTER_KEY_F5 : CLUTTER_KEY_F2);
+}
+
+void CInputManager::PowerKeyEvent(CTamarindAVREventClient::ETamarindAVREvent, bool a_pressed, double a_holdSeconds)
+{
+    if (a_pressed)
+    {
+        SendKey(CLUTTER_KEY_F9);
+        return;
+    }
+    SendKey(CLUTTER_KEY_F10);
+    if (a_holdSeconds >= k_longHoldSeconds)
+    {
+        SendKey(CLUTTER_KEY_F4);
+    }
+    else if (a_holdSeconds >= k_holdSeconds)
+    {
+        SendKey(CLUTTER_KEY_F1);
     }
 }
 
