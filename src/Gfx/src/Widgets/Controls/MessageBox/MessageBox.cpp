@@ -60,7 +60,7 @@ CMessageBox::CMessageBox(const std::string& a_name, int a_x, int a_y, int a_widt
     , m_font("MessageBox")
 {
     SetType("MessageBox");
-    const auto style = Managers::ReadStyle(s_styleKeys);
+    const auto& style = Managers::ReadStyle(s_styleKeys);
     if (!m_message.empty())
     {
         m_textBox = Core::SharedPtr<CTextBox>(

@@ -47,7 +47,7 @@ CWindow::CWindow(const std::string& a_name, int a_x, int a_y, int a_width, int a
     , m_clientMouseHandler(this, &CWindow::ClientMouseEventHandler)
 {
     InitialiseClutterGroup();
-    const auto style = Managers::ReadStyle(s_styleKeys);
+    const auto& style = Managers::ReadStyle(s_styleKeys);
     m_titleBarHeight = style.titleBarHeight;
     m_activeTitleBar.Element(style.active);
     m_inactiveTitleBar.Element(style.inactive);

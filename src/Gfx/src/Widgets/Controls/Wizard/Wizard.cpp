@@ -60,7 +60,7 @@ CWizard::CWizard(const std::string& a_name)
     , m_forwardsHandler(this, &CWizard::ForwardsClick)
 {
     SetType("Wizard");
-    const auto style = Managers::ReadStyle(s_styleKeys);
+    const auto& style = Managers::ReadStyle(s_styleKeys);
     const int top = ClientHeight() - style.margin - style.buttonHeight;
     const auto addButton = [&](const char* a_button, int a_left, ClickMethod& a_handler, const std::string& a_icon)
     {
