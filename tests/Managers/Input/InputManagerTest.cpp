@@ -6,7 +6,6 @@
 #include <clutter/clutter.h>
 
 #include <cmath>
-#include <regex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -170,32 +169,25 @@ TEST_F(InputManagerTest, TheSupervisorsEventsBecomeKeys)
     EXPECT_EQ(TakeKeys(), (Keys{0xFFC0, 0xFFC2, 0xFFC0, 0xFFBF, 0xFFC6}));
 }
 
-TEST_F(InputManagerTest, SupervisorCallbacksMayPostPollAndReplaceThemselves)
+TEST_F(InputManagerTest, ASupervisorsCallbackMayPostPollAndReplaceItself)
 {
     using Switch = Core::Functor<void, CTamarindAVREventClient::ETamarindAVREvent, bool>;
     CTamarindAVREventClient client;
     std::string log;
+    const auto second = [&](auto, bool a_on) { log += a_on ? "on;" : "off;"; };
     client.SetIgnitionEventCallback(Switch::Make(
         [&, name = std::string("first;")](auto, bool)
         {
             client.PostIgnitionEvent(true);
-            client.SetIgnitionEventCallback(Switch::Make(
-                [&](auto, bool a_on)
-                {
-                    log += a_on ? "on;" : "off;";
-                    client.Poll();
-                }));
+            client.SetIgnitionEventCallback(Switch::Make(second));
+            client.Poll();
             log += name;
         }));
     client.PostIgnitionEvent(true);
     client.PostIgnitionEvent(false);
     client.PostGuidanceLineChangedEvent(true);
     client.Poll();
-    EXPECT_EQ(log, "first;off;on;");
-    client.SetIgnitionEventCallback(nullptr);
-    client.PostIgnitionEvent(true);
-    client.Poll();
-    EXPECT_EQ(log, "first;off;on;");
+    EXPECT_EQ(log, "off;on;first;");
 }
 
 TEST_F(InputManagerTest, ThePointerGoesThroughTheCalibration)
@@ -206,24 +198,6 @@ TEST_F(InputManagerTest, ThePointerGoesThroughTheCalibration)
     Button(false, 900, 2000);
     EXPECT_EQ(TakeLog(), "w:Move(1;0,479) w:FirstUp(1;0,479) w:FirstClick(1;0,479) ");
     EXPECT_EQ(input.RawCoordinates(), CPoint(900, 2000));
-}
-
-TEST_F(InputManagerTest, InjectedEventsLookLikeThePointers)
-{
-    Button(true, 100, 100);
-    Motion(120, 130);
-    Motion(0, 479);
-    Button(false, 0, 479);
-    const std::string pointer = TakeLog();
-    MoveTo(100, 100);
-    Press(100, 100);
-    MoveTo(120, 130);
-    MoveTo(0, 479);
-    MoveTo(0, 479);
-    Release(0, 479);
-    // But for the button, which an injected move doesn't tell.
-    EXPECT_EQ(TakeLog(), std::regex_replace(pointer, std::regex(R"(Move\(1)"), "Move(0"));
-    EXPECT_NE(pointer, "");
 }
 
 } // namespace

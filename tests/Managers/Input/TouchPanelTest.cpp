@@ -11,6 +11,7 @@
 #include <umockdev.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <random>
@@ -86,13 +87,11 @@ protected:
         m_root = root;
         g_free(root);
         std::filesystem::create_directories(m_root + "/dev/input");
-        testing::internal::CaptureStderr();
     }
 
     void TearDown() override
     {
         Unplug();
-        testing::internal::GetCapturedStderr();
         g_clear_object(&m_bed);
         CRecordingTest::TearDown();
     }
@@ -111,9 +110,9 @@ protected:
     /// Starts with the devices that there are; returns what is written to standard error meanwhile.
     std::string Start()
     {
-        TakeStderr();
+        testing::internal::CaptureStderr();
         m_input = &GfxTest::NewInputManager();
-        return TakeStderr();
+        return testing::internal::GetCapturedStderr();
     }
 
     /// Starts with a panel in place of the last one; it reports once.
@@ -154,13 +153,6 @@ protected:
         return CRecordingWidget::TakeLog();
     }
 
-    static std::string TakeStderr()
-    {
-        const std::string text = testing::internal::GetCapturedStderr();
-        testing::internal::CaptureStderr();
-        return text;
-    }
-
     bool IsWatched() const { return g_main_context_find_source_by_user_data(nullptr, m_input) != nullptr; }
 
     UMockdevTestbed* m_bed = nullptr;
@@ -194,14 +186,9 @@ TEST_F(TouchPanelTest, APressADragAndAReleaseReachTheWidget)
         EXPECT_EQ(Play({k_syn}), "w:Move(0;30,40) w:FirstDown(1;30,40) ");
         EXPECT_EQ(Play({Axis(panel.x, 31), k_syn, Axis(panel.x, 32), Axis(panel.y, 41), k_syn}),
                   "w:Move(1;31,40) w:Move(1;32,41) ");
-        EXPECT_EQ(Play({Axis(panel.otherX, 1),
-                        Axis(panel.otherY, 2),
-                        k_repeat,
-                        {EV_KEY, BTN_LEFT, 0},
-                        {EV_MSC, 0, 0},
-                        {EV_REL, REL_X, 9},
-                        k_syn}),
-                  "w:Move(1;32,41) ");
+        // The other panel's axes are not this one's.
+        EXPECT_EQ(Play({Axis(panel.x ^ ABS_RX, 1), Axis(panel.y ^ ABS_RX, 2), k_repeat, {EV_KEY, BTN_LEFT, 0}}), "");
+        EXPECT_EQ(Play({{EV_MSC, MSC_SCAN, 0}, {EV_REL, REL_X, 9}, k_syn}), "w:Move(1;32,41) ");
         EXPECT_EQ(Play({Axis(panel.y, 42), k_up, k_syn}), "w:Move(1;32,42) w:FirstUp(1;32,42) w:FirstClick(1;32,42) ");
         EXPECT_EQ(Play({k_syn}), "");
         EXPECT_EQ(Play({k_down, k_up, k_syn}), "w:Move(1;32,42) w:FirstUp(1;32,42) ") << "of what came last";
@@ -217,7 +204,7 @@ TEST_F(TouchPanelTest, TwoReportsAtOnceAreATouchOfTheStmpe610)
     EXPECT_EQ(Play({k_syn, k_repeat, k_syn}), "") << "and with each word of the button";
     EXPECT_EQ(Play({k_syn, Axis(ABS_X, 7), k_syn}), press);
     EXPECT_EQ(Play({k_syn, k_up, k_syn}), "w:Move(1;7,0) w:Move(1;7,0) w:FirstUp(1;7,0) w:FirstClick(1;7,0) ");
-    EXPECT_EQ(Play({k_syn, k_syn, k_syn}), press + "w:Move(1;7,0) ");
+    EXPECT_EQ(Play({k_syn, k_syn, k_up, k_syn}), press + "w:Move(1;7,0) w:FirstUp(1;7,0) w:FirstClick(1;7,0) ");
     StartWith(k_eGalax);
     EXPECT_EQ(Play({k_syn, k_syn, k_syn}), "") << "the other panel says so itself";
 }
@@ -231,19 +218,15 @@ TEST_F(TouchPanelTest, APanelThatVanishesInADragIsClosedForGood)
             SCOPED_TRACE(panel.name);
             StartWith(panel);
             Play({k_down, k_syn});
-            TakeStderr();
-            std::string expected = panel.failure;
-            if (isCutShort)
-            {
-                EXPECT_EQ(write(m_end, "half a", 6), 6);
-                Settle();
-            }
-            else
+            testing::internal::CaptureStderr();
+            if (!isCutShort || write(m_end, "half a", 6) != 6)
             {
                 Unplug();
-                expected.insert(0, "_STMPE610_Input: bad condition: 16\n");
             }
-            EXPECT_THAT(TakeStderr(), testing::StartsWith(expected));
+            Settle();
+            EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                        testing::StartsWith((isCutShort ? "" : "_STMPE610_Input: bad condition: 16\n") +
+                                            std::string(panel.failure)));
             EXPECT_FALSE(m_input->HasPanel() || IsWatched());
             // The stage's pointer takes over.
             CRecordingWidget::TakeLog();
@@ -265,18 +248,16 @@ TEST_F(TouchPanelTest, WhateverComesAReleaseEndsIt)
             std::mt19937 random(seed);
             const auto below = [&](int a_end) { return static_cast<int>(random() % static_cast<unsigned>(a_end)); };
             std::vector<SEvent> events;
-            for (int i = 0; i < 500; ++i)
+            for (int i = 0; i < 100; ++i)
             {
-                // Most of them make some sense.
-                const std::array choice{k_syn, SEvent{EV_KEY, BTN_TOUCH, below(3)}, Axis(below(5), below(5000) - 500),
-                                        SEvent{below(5), below(7), static_cast<int>(random())},
-                                        SEvent{below(65536), below(65536), static_cast<int>(random())}};
-                events.push_back(choice.at(below(5)));
+                events.insert(events.end(), {k_syn, {EV_KEY, BTN_TOUCH, below(3)}, Axis(below(5), below(5000) - 500)});
+                events.push_back({below(5), below(7), static_cast<int>(random())});
+                events.push_back({below(65536), below(65536), static_cast<int>(random())});
             }
+            std::shuffle(events.begin(), events.end(), random);
             EXPECT_THAT(Play(events), testing::HasSubstr("FirstDown"));
-            const std::string end = Play({k_down, k_syn, k_up, k_syn});
-            EXPECT_THAT(end, testing::HasSubstr("FirstDown"));
-            EXPECT_THAT(end, testing::EndsWith("w:FirstClick" + end.substr(end.rfind('('))));
+            EXPECT_THAT(Play({k_down, k_syn, k_up, k_syn}),
+                        testing::MatchesRegex(".*FirstDown.*FirstUp[^ ]* w:FirstClick[^ ]* "));
             EXPECT_EQ(Play({k_syn}), "") << "nothing is pressed, nothing is owed";
         }
     }
