@@ -82,12 +82,8 @@ int main(int a_argc, char** a_argv)
     {
         return 1;
     }
-    CInputManager& input = StaticSingleton<CInputManager>::ref();
-    if (!input.HasPanel())
-    {
-        // The pointer of a desktop reports pixels of the stage.
-        input.UseCalibration(CInputManager::k_identity);
-    }
+    // The pointer of a desktop reports pixels of the stage.
+    StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
     Demo::CGallery gallery;
     if (isPicture || arePictures)
     {

@@ -2,13 +2,16 @@
 
 #include <initializer_list>
 
-GObject* actor_construct_without_layout(GType a_type, guint a_count, GObjectConstructParam* a_parameters)
+namespace Platform
+{
+
+GObject* ConstructWithoutLayout(GType a_type, guint a_count, GObjectConstructParam* a_parameters)
 {
     auto* const initiallyUnowned = G_OBJECT_CLASS(g_type_class_peek(G_TYPE_INITIALLY_UNOWNED));
     return initiallyUnowned->constructor(a_type, a_count, a_parameters);
 }
 
-void actor_return_length(float a_length, float* a_minimum, float* a_natural)
+void ReturnLength(float a_length, float* a_minimum, float* a_natural)
 {
     for (float* result : {a_minimum, a_natural})
     {
@@ -18,3 +21,5 @@ void actor_return_length(float a_length, float* a_minimum, float* a_natural)
         }
     }
 }
+
+} // namespace Platform

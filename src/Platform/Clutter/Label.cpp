@@ -139,7 +139,7 @@ PangoLayout* Layout(ClutterLabel* a_actor, float a_width, float a_height)
     }
     const auto units = [](float a_length)
     {
-        constexpr float most = G_MAXINT / 2;
+        constexpr float most = 1 << 30;
         return a_length < 0 ? -1 : static_cast<int>(std::min(a_length * PANGO_SCALE, most));
     };
     const bool shortens = label.ellipsize != PANGO_ELLIPSIZE_NONE;
@@ -170,7 +170,7 @@ const SSize& NaturalSize(ClutterLabel* a_actor)
 
 void GetPreferredWidth(ClutterActor* a_actor, gfloat, gfloat* a_minimum, gfloat* a_natural)
 {
-    actor_return_length(NaturalSize(CLUTTER_LABEL(a_actor)).width, a_minimum, a_natural);
+    Platform::ReturnLength(NaturalSize(CLUTTER_LABEL(a_actor)).width, a_minimum, a_natural);
 }
 
 void GetPreferredHeight(ClutterActor* a_actor, gfloat a_forWidth, gfloat* a_minimum, gfloat* a_natural)
@@ -178,8 +178,8 @@ void GetPreferredHeight(ClutterActor* a_actor, gfloat a_forWidth, gfloat* a_mini
     auto* const actor = CLUTTER_LABEL(a_actor);
     const SLabel& label = *actor->label;
     const bool dependsOnWidth = a_forWidth >= 0 && (label.wrap || label.ellipsize != PANGO_ELLIPSIZE_NONE);
-    actor_return_length(dependsOnWidth ? Extents(Layout(actor, a_forWidth, -1)).height : NaturalSize(actor).height,
-                        a_minimum, a_natural);
+    Platform::ReturnLength(dependsOnWidth ? Extents(Layout(actor, a_forWidth, -1)).height : NaturalSize(actor).height,
+                           a_minimum, a_natural);
 }
 
 /// The layout as it is to be painted.
@@ -265,7 +265,7 @@ void InitialiseClass(gpointer a_class, gpointer)
 {
     s_parentClass = CLUTTER_ACTOR_CLASS(g_type_class_peek_parent(a_class));
     GObjectClass* const objectClass = G_OBJECT_CLASS(a_class);
-    objectClass->constructor = actor_construct_without_layout;
+    objectClass->constructor = Platform::ConstructWithoutLayout;
     objectClass->finalize = Finalise;
     objectClass->get_property = GetProperty;
     g_object_class_install_property(objectClass, epText,

@@ -43,12 +43,12 @@ gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
 
 void GetPreferredWidth(ClutterActor* a_actor, gfloat, gfloat* a_minimum, gfloat* a_natural)
 {
-    actor_return_length(PAINTED_GROUP(a_actor)->width, a_minimum, a_natural);
+    Platform::ReturnLength(PAINTED_GROUP(a_actor)->width, a_minimum, a_natural);
 }
 
 void GetPreferredHeight(ClutterActor* a_actor, gfloat, gfloat* a_minimum, gfloat* a_natural)
 {
-    actor_return_length(PAINTED_GROUP(a_actor)->height, a_minimum, a_natural);
+    Platform::ReturnLength(PAINTED_GROUP(a_actor)->height, a_minimum, a_natural);
 }
 
 void Allocate(ClutterActor* a_actor, const ClutterActorBox* a_box, ClutterAllocationFlags a_flags)
@@ -66,7 +66,7 @@ void Allocate(ClutterActor* a_actor, const ClutterActorBox* a_box, ClutterAlloca
 void InitialiseClass(gpointer a_class, gpointer)
 {
     s_actorClass = CLUTTER_ACTOR_CLASS(g_type_class_peek(CLUTTER_TYPE_ACTOR));
-    G_OBJECT_CLASS(a_class)->constructor = actor_construct_without_layout;
+    G_OBJECT_CLASS(a_class)->constructor = Platform::ConstructWithoutLayout;
     ClutterActorClass* actorClass = CLUTTER_ACTOR_CLASS(a_class);
     actorClass->get_preferred_width = GetPreferredWidth;
     actorClass->get_preferred_height = GetPreferredHeight;

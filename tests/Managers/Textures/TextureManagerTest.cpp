@@ -204,7 +204,7 @@ TEST_F(TextureManagerTest, AFailedPageIsTriedOnceAndAnUnknownNameChangesNoQuads)
 
 TEST_F(TextureManagerTest, DataBecomesATextureByItsBytesPerPixel)
 {
-    const std::vector<unsigned char> data(64, 255);
+    const std::vector<unsigned char> data(8193, 255);
     for (const int bytes : {1, 3, 4})
     {
         EXPECT_TRUE(m_manager.LoadDataAsTexture(data.data(), 4, 3, bytes, m_quads, m_texture)) << bytes;
@@ -217,6 +217,9 @@ TEST_F(TextureManagerTest, DataBecomesATextureByItsBytesPerPixel)
     EXPECT_FALSE(m_manager.LoadDataAsTexture(nullptr, 4, 3, 4, m_quads, m_texture));
     ExpectLog("3 (CTextureManager::LoadDataAsTexture) : Error loading texture from data.");
     EXPECT_FALSE(m_manager.LoadDataAsTexture(data.data(), -4, 3, 4, m_quads, m_texture));
+    EXPECT_FALSE(m_manager.LoadDataAsTexture(data.data(), 8193, 1, 1, m_quads, m_texture));
+    EXPECT_FALSE(m_manager.LoadDataAsTexture(data.data(), 1, 8193, 1, m_quads, m_texture));
+    EXPECT_EQ(GfxTest::CountLogs("from data"), 3);
 }
 
 TEST_F(TextureManagerTest, FilesBecomeTexturesAndBadOnesALine)

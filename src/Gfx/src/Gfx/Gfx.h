@@ -52,4 +52,5 @@
 #include "Widgets/Controls/Wizard/Wizard.h"
 #include "Widgets/Controls/Wizard/WizardStage.h"
 #include "Widgets/EnhancedGroup.h"
+#include "Widgets/Property.h"
 #include "Widgets/Widget.h"

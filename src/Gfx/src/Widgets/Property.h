@@ -1,12 +1,14 @@
 #pragma once
 
+#include "Core/Api.h"
 #include "Gfx/Common/Point.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Gfx::Widgets
 {
@@ -18,6 +20,14 @@ struct SProperty
     std::string_view name;
     std::string (*get)(const ControlT& a_control);
     void (*set)(ControlT& a_control, const std::string& a_value);
+};
+
+/// A property in a list of them.
+struct SPropertyInfo
+{
+    std::string_view name;
+    bool isReadable;
+    bool isWritable;
 };
 
 /// A Boolean property as text.
@@ -45,36 +55,55 @@ inline int NumberFromText(const std::string& a_text, std::size_t a_start = 0, st
     return Common::detail::Saturated(number);
 }
 
-/// Writes a property by its name; false if the table has none of that name that can be written.
-template <typename ControlT, std::size_t Count>
-bool WriteProperty(const std::array<SProperty<ControlT>, Count>& a_table, ControlT& a_control,
-                   const std::string& a_name, const std::string& a_value)
+/// A control with properties of its own beside those of its base class: ControlT::PropertyTable() lists them.
+///
+/// \code
+/// class CLamp : public CWithProperties<CLamp, CWidget>
+/// {
+/// public:
+///     static std::span<const SProperty<CLamp>> PropertyTable();
+/// };
+/// \endcode
+template <typename ControlT, typename BaseT>
+class GFX_API CWithProperties : public BaseT
 {
-    for (const SProperty<ControlT>& property : a_table)
-    {
-        if (property.name == a_name && property.set != nullptr)
-        {
-            property.set(a_control, a_value);
-            return true;
-        }
-    }
-    return false;
-}
+public:
+    using BaseT::BaseT;
 
-/// Reads a property by its name into a_value; false if the table has none of that name that can be read.
-template <typename ControlT, std::size_t Count>
-bool ReadProperty(const std::array<SProperty<ControlT>, Count>& a_table, const ControlT& a_control,
-                  const std::string& a_name, std::string& a_value)
-{
-    for (const SProperty<ControlT>& property : a_table)
+    void SetProperty(const std::string& a_name, const std::string& a_value) override
     {
-        if (property.name == a_name && property.get != nullptr)
+        for (const SProperty<ControlT>& property : ControlT::PropertyTable())
         {
-            a_value = property.get(a_control);
-            return true;
+            if (property.name == a_name && property.set != nullptr)
+            {
+                property.set(static_cast<ControlT&>(*this), a_value);
+                return;
+            }
         }
+        BaseT::SetProperty(a_name, a_value);
     }
-    return false;
-}
+
+    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override
+    {
+        for (const SProperty<ControlT>& property : ControlT::PropertyTable())
+        {
+            if (property.name == a_name && property.get != nullptr)
+            {
+                return property.get(static_cast<const ControlT&>(*this));
+            }
+        }
+        return BaseT::GetProperty(a_name, a_default);
+    }
+
+    [[nodiscard]] std::vector<SPropertyInfo> Properties() const override
+    {
+        std::vector<SPropertyInfo> properties = BaseT::Properties();
+        for (const SProperty<ControlT>& property : ControlT::PropertyTable())
+        {
+            properties.push_back({property.name, property.get != nullptr, property.set != nullptr});
+        }
+        return properties;
+    }
+};
 
 } // namespace Gfx::Widgets

@@ -8,7 +8,6 @@
 #include "Platform/Clutter/Clutter.h"
 #include "Platform/Clutter/PaintedGroup.h"
 #include "Widgets/EnhancedGroup.h"
-#include "Widgets/Property.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -516,6 +515,12 @@ std::string CWidget::GetProperty(const std::string& a_name, const std::string& a
     }
     const auto property = m_properties.find(a_name);
     return property != m_properties.end() ? property->second : a_default;
+}
+
+std::vector<SPropertyInfo> CWidget::Properties() const
+{
+    return {
+        {"Visible", true, true}, {"Opacity", true, true}, {"Position", false, true}, {"RemoteLockout", true, false}};
 }
 
 void CWidget::SetTransparency(int a_opacity, bool a_recursive)

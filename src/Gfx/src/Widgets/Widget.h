@@ -8,11 +8,13 @@
 #include "Gfx/Common/Margins.h"
 #include "Gfx/Common/MouseEvent.h"
 #include "Gfx/Common/Point.h"
+#include "Widgets/Property.h"
 #include "Widgets/WidgetList.h"
 
 #include <list>
 #include <map>
 #include <string>
+#include <vector>
 
 typedef struct _ClutterActor ClutterActor;
 
@@ -167,6 +169,10 @@ public:
 
     virtual void SetProperty(const std::string& a_name, const std::string& a_value);
     [[nodiscard]] virtual std::string GetProperty(const std::string& a_name, const std::string& a_default);
+
+    /// All properties that the widget knows by itself, the base classes' first. A name may come again, where a control
+    /// has a meaning of its own for it.
+    [[nodiscard]] virtual std::vector<SPropertyInfo> Properties() const;
 
     /// a_opacity in percent, kept within 0 to 100; 100 switches transparency off.
     virtual void SetTransparency(int a_opacity, bool a_recursive);

@@ -1,7 +1,6 @@
 #include "Widgets/Controls/Button/Button.h"
 
 #include "Core/Functor.h"
-#include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
@@ -28,19 +27,19 @@ constexpr CColour k_active{160, 160, 0, 255};
 constexpr CColour k_alternate{255, 128, 64, 255};
 constexpr CColour k_icon{255, 255, 0, 255};
 
-class ButtonTest : public GfxTest::CStageTest
+class ButtonTest : public GfxTest::CControlTest
 {
 protected:
     static void SetUpTestSuite()
     {
-        CStageTest::SetUpTestSuite();
-        StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
+        SetUpConfiguredStage(
+            "<General><ClipText>Yes</ClipText><TouchArea>1</TouchArea></General><Controls><Button>"
+            "<Font><Colour>Ink</Colour><Alignment>Middle,Centre</Alignment></Font></Button></Controls>");
     }
 
     void SetUp() override
     {
-        CStageTest::SetUp();
-        StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Plain");
+        CControlTest::SetUp();
         AddTopLevel(new GfxTest::CBlock("ground", 0, 0, 800, 480, Gfx::Colours::Black));
     }
 
@@ -54,6 +53,22 @@ protected:
     {
         Settle();
         return ShownPicture().At(217, 157);
+    }
+
+    /// In how many columns of pixels from a_left to before a_right a text of the button is.
+    static int CountColumns(const GfxTest::CPicture& a_picture, int a_left, int a_right)
+    {
+        int count = 0;
+        for (int x = a_left; x < a_right; ++x)
+        {
+            bool hasText = false;
+            for (int y = 110; y < 150; ++y)
+            {
+                hasText = hasText || a_picture.At(x, y).Red() > 60;
+            }
+            count += hasText ? 1 : 0;
+        }
+        return count;
     }
 
     static ClutterActor* LabelOf(CButton& a_button) { return clutter_actor_get_child_at_index(a_button.GetActor(), 0); }
@@ -155,11 +170,31 @@ TEST_F(ButtonTest, TextureSetsAreSwitchedAsAWhole)
     button->ChangeTextureSet("Default");
     EXPECT_EQ(Look(), k_active) << "what the other set lacks is none of this set's concern";
     Release(110, 110);
-    button->Resize(200, 100);
-    Settle();
-    EXPECT_EQ(ShownPicture().At(290, 190), k_inactive);
+    button->Resize(80, 40);
+    EXPECT_EQ(ShownExtent(k_inactive), "100,100 80 x 40");
     StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
-    EXPECT_EQ(Look(), k_alternate);
+    EXPECT_EQ(ShownExtent(k_alternate), "100,100 80 x 40");
+}
+
+TEST_F(ButtonTest, ASetThatComesBackAfterAResizeHasItsOldSize)
+{
+    const auto button = Add();
+    button->SetTextures("Alternate_Up", "Alternate_Up", "Alternate_Up", "Alarm");
+    button->ChangeTextureSet("Alarm");
+    button->ChangeTextureSet("Default");
+    button->Resize(80, 40);
+    EXPECT_EQ(ShownExtent(k_inactive), "100,100 80 x 40");
+    button->ChangeTextureSet("Alarm");
+    EXPECT_EQ(FreshPicture().Extent(k_alternate), "100,100 120 x 60");
+    button->Resize(80, 40);
+    EXPECT_EQ(FreshPicture().Extent(k_alternate), "100,100 80 x 40");
+}
+
+TEST_F(ButtonTest, WithClippedTextAButtonIsCutToItsFirstSize)
+{
+    const auto button = Add();
+    button->Resize(200, 100);
+    EXPECT_EQ(ShownExtent(k_inactive), "100,100 120 x 60");
 }
 
 TEST_F(ButtonTest, ImagesLieByTheirAlignmentWithTheMarginTwiceAtTheEdges)
@@ -201,12 +236,29 @@ TEST_F(ButtonTest, ATextThatIsTooLongIsShortenedOrVanishes)
     const std::string text = "much too long a text for so small a button";
     button->Text(text);
     EXPECT_GT(LabelX(*button), 10000);
-    button->SetEllipsisMode(Gfx::Text::eemEnd);
+    EXPECT_FALSE(CLUTTER_ACTOR_IS_VISIBLE(LabelOf(*button))) << "or its group would be as wide";
+    // The nearest mode, which shortens the end.
+    button->SetEllipsisMode(static_cast<Gfx::Text::EEllipsisMode>(99));
+    EXPECT_TRUE(CLUTTER_ACTOR_IS_VISIBLE(LabelOf(*button)));
     EXPECT_EQ(LabelX(*button), 3);
     EXPECT_EQ(LabelWidth(*button), 114);
     EXPECT_EQ(button->GetCustomInfo().at("Text"), text);
+    const GfxTest::CPicture picture = FreshPicture();
+    EXPECT_EQ(CountColumns(picture, 90, 103), 0);
+    EXPECT_GT(CountColumns(picture, 103, 217), 60);
+    EXPECT_EQ(CountColumns(picture, 217, 240), 0);
+    int layouts = 0;
+    g_signal_connect_swapped(LabelOf(*button), "queue-relayout", G_CALLBACK(+[](int* a_count) { ++*a_count; }),
+                             &layouts);
+    button->Invalidate(false);
+    EXPECT_EQ(layouts, 0) << "a change of its look leaves the text alone";
     button->Text("OK");
+    EXPECT_GT(layouts, 0);
     EXPECT_LT(LabelWidth(*button), 60) << "it has its own size again";
+    Settle();
+    layouts = 0;
+    button->Invalidate(false);
+    EXPECT_EQ(layouts, 0);
 }
 
 TEST_F(ButtonTest, ATextSetBeforeTheButtonIsOnTheStageIsPlacedWithTheFirstInvalidate)
@@ -250,6 +302,41 @@ TEST_F(ButtonTest, AFlashingButtonRepaintsAndAnUnflashingOneRests)
     Settle();
     Widgets().Idle();
     EXPECT_EQ(Settle(), 1);
+}
+
+TEST_F(ButtonTest, AnEqualTextRunsAllStepsAgain)
+{
+    class CCounting : public CButton
+    {
+    public:
+        CCounting() : CButton("button", 100, 100, 120, 60, false) {}
+        void UpdateLocalisedText() override
+        {
+            ++updates;
+            CButton::UpdateLocalisedText();
+        }
+        int updates = 0;
+    };
+    const auto button = AddTopLevel(new CCounting);
+    button->Text("same");
+    button->Text("same");
+    EXPECT_EQ(button->updates, 2);
+}
+
+TEST_F(ButtonTest, AResizeHandlerMayDestroyItsButton)
+{
+    Core::Functor<bool, CWidget*, int, int>::Callable handler(
+        [](CWidget* a_widget, int, int)
+        {
+            Widgets().DestroyWidget(a_widget);
+            return true;
+        });
+    auto* const button = new CButton("button", 100, 100, 120, 60, false);
+    Widgets().AddWidget(GfxTest::WidgetPtr(button));
+    button->SetResizeEventHandler(&handler);
+    button->Resize(200, 100);
+    EXPECT_FALSE(Widgets().FindWidget("button", nullptr));
+    EXPECT_EQ(ShownExtent(k_inactive), "none");
 }
 
 TEST_F(ButtonTest, AHandlerMayDestroyItsButtonWhateverItIsTold)

@@ -1,6 +1,7 @@
 #include "Widgets/Controls/CheckBox/CheckBox.h"
 
 #include "Core/Functor.h"
+#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <clutter/clutter.h>
@@ -13,21 +14,26 @@ using Gfx::Common::CPoint;
 using Gfx::Widgets::CCheckBox;
 using Gfx::Widgets::CWidget;
 
+constexpr CColour k_mark{90, 90, 90, 255};
+
 class CheckBoxTest : public GfxTest::CControlTest
 {
 protected:
     static void SetUpTestSuite()
     {
         // An indicator whose borders are 4, 6, 2 and 10 from the left on.
-        SetUpConfiguredStage("<Controls><CheckBox><Textures><Background>Uneven</Background></Textures>"
-                             "<Image><Width>40</Width><Height>50</Height><Buffer>7</Buffer></Image></CheckBox>"
-                             "</Controls>");
+        SetUpConfiguredStage("<General><ClipText>Yes</ClipText></General><Controls><CheckBox>"
+                             "<Textures><Background>Uneven</Background><Checked>Panel_Up</Checked></Textures>"
+                             "<Image><Width>40</Width><Height>50</Height><Buffer>7</Buffer></Image>"
+                             "<Font><Colour>Ink</Colour></Font></CheckBox></Controls>");
     }
 
     static Core::SharedPtr<CCheckBox> Add(int a_height = 100, const std::string& a_text = "Text")
     {
         return AddTopLevel(new CCheckBox("box", 100, 100, 200, a_height, a_text));
     }
+
+    static ClutterActor* TextOf(CCheckBox& a_box) { return clutter_actor_get_child_at_index(a_box.GetActor(), 0); }
 };
 
 TEST_F(CheckBoxTest, IndicatorMarkAndTextLieAsTheBordersSay)
@@ -35,21 +41,37 @@ TEST_F(CheckBoxTest, IndicatorMarkAndTextLieAsTheBordersSay)
     const auto box = Add();
     EXPECT_EQ(box->Height(), 50) << "as high as the indicator, whatever was asked for";
     EXPECT_EQ(ShownExtent(CColour(10, 200, 100, 255)), "100,100 40 x 50");
-    EXPECT_EQ(ShownExtent(Gfx::Colours::Lime), "none");
+    EXPECT_EQ(ShownExtent(k_mark), "none");
     box->Checked(true);
-    EXPECT_EQ(ShownExtent(Gfx::Colours::Lime), "104,104 34 x 34") << "the left border counts at the top, too";
+    EXPECT_EQ(ShownExtent(k_mark), "104,104 34 x 34") << "the left border counts at the top, too";
     box->Resize(300, 80);
-    EXPECT_EQ(ShownExtent(Gfx::Colours::Lime), "104,104 34 x 34");
+    EXPECT_EQ(ShownExtent(k_mark), "104,104 34 x 34");
     EXPECT_EQ(box->Height(), 80);
 
-    ClutterActor* const text = clutter_actor_get_child_at_index(Add()->GetActor(), 0);
+    ClutterActor* const text = TextOf(*Add());
     EXPECT_EQ(static_cast<int>(clutter_actor_get_x(text)), 47);
     EXPECT_EQ(static_cast<int>(clutter_actor_get_width(text)), 153);
     const int height = static_cast<int>(clutter_actor_get_height(text));
     EXPECT_EQ(static_cast<int>(clutter_actor_get_y(text)), (50 - height) / 2);
-    ClutterActor* const lines =
-        clutter_actor_get_child_at_index(Add(10, "more words than one line has room for")->GetActor(), 0);
-    EXPECT_GT(static_cast<int>(clutter_actor_get_height(lines)), height);
+    const auto full = Add(10, "more words than all the lines that lie beside so low an indicator have any room for");
+    const int lines = static_cast<int>(clutter_actor_get_height(TextOf(*full)));
+    EXPECT_GT(lines, 50) << "lines are broken";
+    EXPECT_EQ(static_cast<int>(clutter_actor_get_y(TextOf(*full))), -(lines - 50) / 2);
+    float clipWidth = 0;
+    clutter_actor_get_clip(full->GetActor(), nullptr, nullptr, &clipWidth, nullptr);
+    EXPECT_EQ(clipWidth, 153) << "the text's width, though from the box's left edge on";
+}
+
+TEST_F(CheckBoxTest, TextAndLookFollowLanguageAndTheme)
+{
+    const auto box = Add();
+    box->Checked(true);
+    box->Text("Localised:key");
+    EXPECT_EQ(GfxTest::ShownText(TextOf(*box)), "key");
+    EXPECT_EQ(box->GetCustomInfo().at("Text"), "key");
+    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    EXPECT_EQ(GfxTest::TextColour(TextOf(*box)), Gfx::Colours::Lime);
+    EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "104,104 34 x 34");
 }
 
 TEST_F(CheckBoxTest, AClickTogglesBeforeItsHandlerRunsUnlessReadOnly)

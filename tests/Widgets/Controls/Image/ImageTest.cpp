@@ -69,11 +69,11 @@ TEST_F(ImageTest, ABadFileShowsNothingAndIsReportedOnce)
     const GfxTest::CTemporaryDirectory directory;
     directory.Write("truncated.png", Solid().substr(0, 60));
     directory.Write("text.png", "no picture");
-    // 60,000 by 60,000 pixels, by its header.
-    std::string huge = Solid();
-    const std::array<char, 8> size{0, 0, '\xEA', '\x60', 0, 0, '\xEA', '\x60'};
-    huge.replace(16, size.size(), size.data(), size.size());
-    directory.Write("huge.png", huge);
+    // 60,000 by 60,000 pixels, by its header, whose checksum is right.
+    directory.Write(
+        "huge.png",
+        Solid().replace(16, 8, std::string_view("\0\0\xEA\x60\0\0\xEA\x60", 8)).replace(29, 4, "\x80\xD2uB"));
+    GfxTest::ExpectLog("The image is too large (60000 by 60000)");
     for (const char* name : {"truncated.png", "text.png", "huge.png"})
     {
         GfxTest::ExpectLog("Error loading texture " + directory.Path() + name);
@@ -81,6 +81,7 @@ TEST_F(ImageTest, ABadFileShowsNothingAndIsReportedOnce)
         image->Resize(90, 70);
         image->UpdateStyle();
         EXPECT_EQ(FreshPicture().At(60, 70), Gfx::Colours::Black) << name;
+        EXPECT_EQ(GfxTest::CountLogs(name), 1) << name;
         Widgets().DestroyWidget(image.Get());
     }
 }
@@ -101,6 +102,9 @@ TEST_F(ImageTest, PixelsFromMemoryDrawAtTheirOwnSizeUntilAResize)
     EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "50,60 4 x 3");
     image->Resize(50, 50);
     EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none");
+    image->SetImage(pixels.data(), 4, 3, 3);
+    image->SetImage(pixels.data(), 4, 3, 2);
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none") << "there is no format of two bytes";
 }
 
 } // namespace

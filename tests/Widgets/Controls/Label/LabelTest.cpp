@@ -9,6 +9,7 @@
 
 #include <clutter/clutter.h>
 
+#include <functional>
 #include <string>
 
 namespace
@@ -17,6 +18,7 @@ namespace
 using Core::Patterns::StaticSingleton;
 using Gfx::CColour;
 using Gfx::Widgets::CLabel;
+using Gfx::Widgets::CWidget;
 
 /// A label of which a test can say just what it is about.
 struct SLabel
@@ -223,6 +225,48 @@ TEST_F(LabelTest, AnEqualTextDoesNothing)
     EXPECT_EQ(label->updates, 0);
     label->Text("other");
     EXPECT_EQ(label->updates, 1);
+}
+
+TEST_F(LabelTest, AResizeHandlerMaySetAnotherTextEachTime)
+{
+    int calls = 0;
+    Core::Functor<bool, CWidget*, int, int>::Callable handler(
+        [&calls](CWidget* a_label, int, int)
+        {
+            static_cast<CLabel*>(a_label)->Text(std::string(static_cast<std::size_t>(++calls % 50), 'x'));
+            return true;
+        });
+    const auto label = Add({.autoSize = true});
+    label->SetResizeEventHandler(&handler);
+    label->Text("first");
+    EXPECT_GT(calls, 0);
+    EXPECT_LT(calls, 1000);
+    label->SetResizeEventHandler(nullptr);
+    label->Text("last");
+    EXPECT_EQ(label->Width(), TextWidth(*label) + 8);
+}
+
+TEST_F(LabelTest, AResizeHandlerMayDestroyItsLabel)
+{
+    Core::Functor<bool, CWidget*, int, int>::Callable handler(
+        [](CWidget* a_widget, int, int)
+        {
+            Widgets().DestroyWidget(a_widget);
+            return true;
+        });
+    const std::function<void(CLabel&)> operations[]{
+        [](CLabel& a_label) { a_label.Text("other"); },         [](CLabel& a_label) { a_label.Resize(10, 10); },
+        [](CLabel& a_label) { a_label.Background(true); },      [](CLabel& a_label) { a_label.UpdateStyle(); },
+        [](CLabel& a_label) { a_label.UpdateLocalisedText(); },
+    };
+    for (const auto& operation : operations)
+    {
+        auto* const label = new CLabel("label", 100, 100, 200, 60, false, true, false, "Text", true);
+        Widgets().AddWidget(GfxTest::WidgetPtr(label));
+        label->SetResizeEventHandler(&handler);
+        operation(*label);
+        EXPECT_FALSE(Widgets().FindWidget("label", nullptr));
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Widgets/Controls/ProgressBar/ProgressBar.h"
 
+#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <array>
@@ -9,17 +10,19 @@
 namespace
 {
 
-using Gfx::Colours::Lime;
+using Gfx::CColour;
 using Gfx::Widgets::CProgressBar;
+
+constexpr CColour k_bar{90, 90, 90, 255};
 
 class ProgressBarTest : public GfxTest::CControlTest
 {
 protected:
     static void SetUpTestSuite()
     {
-        // A background with borders of 4, 6, 2 and 10 from the left on.
-        SetUpConfiguredStage("<Controls><ProgressBar><Textures><Background>Uneven</Background></Textures></ProgressBar>"
-                             "</Controls>");
+        // A background with borders of 4, 6, 2 and 10 from the left on, and a bar with borders of 4.
+        SetUpConfiguredStage("<Controls><ProgressBar><Textures><Background>Uneven</Background><Bar>Panel_Up</Bar>"
+                             "</Textures></ProgressBar></Controls>");
     }
 
     static Core::SharedPtr<CProgressBar> Add(int a_minimum, int a_maximum, int a_current, bool a_leftToRight = true)
@@ -49,25 +52,28 @@ TEST_F(ProgressBarTest, TheBarsLengthIsTheValuesShareOfTheInside)
         SCase{0, 100, 0, true, "none"},
         SCase{-100, 100, 0, true, "none"},
         SCase{-100, 100, 1, true, "104,106 101 x 34"},
-        SCase{10, 20, 10, true, "none"},
+        SCase{10, 20, 10, true, "104,106 8 x 34"},
+        SCase{0, 1000, 1, true, "104,106 8 x 34"},
+        SCase{0, 1000, 1, false, "296,106 8 x 34"},
         SCase{7, 7, 7, true, "104,106 200 x 34"},
         SCase{least, most, most, true, "104,106 200 x 34"},
     };
     for (const SCase& row : cases)
     {
         const auto bar = Add(row.minimum, row.maximum, row.current, row.leftToRight);
-        EXPECT_EQ(ShownExtent(Lime), row.extent) << row.minimum << ' ' << row.maximum << ' ' << row.current;
+        EXPECT_EQ(ShownExtent(k_bar), row.extent) << row.minimum << ' ' << row.maximum << ' ' << row.current;
         Widgets().DestroyWidget(bar.Get());
     }
 }
 
-TEST_F(ProgressBarTest, TheBarFollowsTheSize)
+TEST_F(ProgressBarTest, TheBarFollowsSizeAndTheme)
 {
     const auto bar = Add(0, 1000, 1);
-    EXPECT_EQ(ShownExtent(Lime), "none") << "a length of 0";
     bar->Resize(406, 60);
     bar->SetProperty("Current", "500 of them");
-    EXPECT_EQ(ShownExtent(Lime), "104,106 200 x 44");
+    EXPECT_EQ(ShownExtent(k_bar), "104,106 200 x 44");
+    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "104,106 200 x 44");
 }
 
 TEST_F(ProgressBarTest, ValuesAreKeptWithinTheBoundsAndBoundsMustNotCutThemOff)

@@ -100,4 +100,40 @@ TEST_F(RadioButtonTest, WithoutAGroupItCanOnlyBeTurnedOn)
     EXPECT_EQ(ShownExtent(Gfx::Colours::Lime), "104,104 12 x 12");
 }
 
+TEST_F(RadioButtonTest, AButtonThatOnlyItsGroupHoldsEndsWithIt)
+{
+    class CLogged : public CRadioButton
+    {
+    public:
+        CLogged(const std::string& a_name, std::string& a_log) : CRadioButton(a_name, 0, 0, 90, 20, ""), m_log(a_log) {}
+        ~CLogged() override { m_log += "~" + Name(); }
+        using CRadioButton::Checked;
+        void Checked(bool a_checked) override
+        {
+            m_log += Name() + (a_checked ? "+" : "-");
+            CRadioButton::Checked(a_checked);
+        }
+
+    private:
+        std::string& m_log;
+    };
+    std::string log;
+    std::array<CLogged*, 3> buttons{};
+    {
+        const GroupPtr group(new CRadioGroup);
+        for (std::size_t i = 0; i < buttons.size(); ++i)
+        {
+            buttons[i] = new CLogged(std::string(1, static_cast<char>('a' + i)), log);
+            group->Add(ButtonPtr(buttons[i]), group);
+        }
+    }
+    buttons[1]->Checked(true);
+    EXPECT_EQ(log, "b+a-c-") << "the others, in order";
+    log.clear();
+    buttons[2]->SetGroup({});
+    EXPECT_EQ(log, "~a") << "the first that isn't the one that leaves";
+    buttons[1]->SetGroup({});
+    EXPECT_EQ(log, "~a~c~b") << "with the last reference to the group";
+}
+
 } // namespace

@@ -9,7 +9,7 @@ namespace Gfx::Text
 {
 
 /// Where a text that doesn't fit is shortened.
-enum EEllipsisMode
+enum EEllipsisMode : int
 {
     eemNone = 0,
     eemStart = 1,

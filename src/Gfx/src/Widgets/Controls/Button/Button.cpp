@@ -5,7 +5,6 @@
 #include "Gfx/Common/Drawing.h"
 #include "Managers/Config/StyleKeys.h"
 #include "Platform/Clutter/Clutter.h"
-#include "Widgets/Property.h"
 
 #include <algorithm>
 
@@ -66,6 +65,11 @@ int PlaceImage(int a_length, int a_size, int a_firstMargin, int a_lastMargin, bo
 
 } // namespace
 
+std::span<const SProperty<CButton>> CButton::PropertyTable()
+{
+    return s_properties;
+}
+
 void CButton::STextureSet::DropTextures()
 {
     for (CTextureLayer& layer : layers)
@@ -75,7 +79,7 @@ void CButton::STextureSet::DropTextures()
 }
 
 CButton::CButton(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_allowHover)
-    : CWidget(a_name, "Button", a_x, a_y, a_width, a_height, false)
+    : CWithProperties(a_name, "Button", a_x, a_y, a_width, a_height, false)
     , m_text("Button")
     , m_allowHover(a_allowHover)
     , m_current(m_textureSets.try_emplace(k_defaultSet).first)
@@ -377,20 +381,6 @@ CButton::EState CButton::StateAfter(Events::EMouseEvent a_event, int a_buttons, 
     case Events::FirstClick: return m_allowHover ? ebsHover : ebsInactive;
     default: return m_state;
     }
-}
-
-void CButton::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CWidget::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CButton::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CWidget::GetProperty(a_name, a_default);
 }
 
 void CButton::UpdateLocalisedText()

@@ -3,12 +3,14 @@
 #include "Core/Api.h"
 #include "Gfx/Common/Alignment.h"
 #include "Widgets/ControlText.h"
+#include "Widgets/Property.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
 #include <array>
 #include <cstddef>
 #include <map>
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -25,9 +27,11 @@ namespace Gfx::Widgets
 ///
 /// Configuration: `/Gfx/Controls/Button/Textures/Inactive` ("ControlInactive_Up"), `Hover` ("ControlHover"), `Active`
 /// ("ControlActive_Down"), `Flash` ("Red_Up"), and the font's keys.
-class GFX_API CButton : public CWidget
+class GFX_API CButton : public CWithProperties<CButton, CWidget>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CButton>> PropertyTable();
+
     enum EState
     {
         ebsInactive = 0,
@@ -93,8 +97,6 @@ public:
     void Idle() override;
     void Resize(int a_width, int a_height) override;
     void MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote) override;
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateLocalisedText() override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;

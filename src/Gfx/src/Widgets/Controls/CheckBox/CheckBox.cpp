@@ -3,7 +3,6 @@
 #include "Gfx/Common/Alignment.h"
 #include "Managers/Config/StyleKeys.h"
 #include "Platform/Clutter/Clutter.h"
-#include "Widgets/Property.h"
 
 #include <array>
 
@@ -40,6 +39,11 @@ constexpr std::array s_properties{
 
 } // namespace
 
+std::span<const SProperty<CCheckBox>> CCheckBox::PropertyTable()
+{
+    return s_properties;
+}
+
 CCheckBox::CCheckBox(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, const std::string& a_text)
     : CCheckBox(a_name, "CheckBox", a_x, a_y, a_width, a_height, a_text)
 {
@@ -47,7 +51,7 @@ CCheckBox::CCheckBox(const std::string& a_name, int a_x, int a_y, int a_width, i
 
 CCheckBox::CCheckBox(const std::string& a_name, const std::string& a_type, int a_x, int a_y, int a_width, int a_height,
                      const std::string& a_text)
-    : CWidget(a_name, a_type, a_x, a_y, a_width, a_height, false), m_text(a_type)
+    : CWithProperties(a_name, a_type, a_x, a_y, a_width, a_height, false), m_text(a_type)
 {
     InitialiseClutterGroup();
     const auto style = Managers::ReadStyle(s_styleKeys, "/Gfx/Controls/" + a_type);
@@ -146,20 +150,6 @@ void CCheckBox::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Com
         UpdateCustomInfo();
     }
     CWidget::MouseEvent(a_event, a_buttons, a_point, a_remote);
-}
-
-void CCheckBox::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CWidget::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CCheckBox::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CWidget::GetProperty(a_name, a_default);
 }
 
 void CCheckBox::UpdateLocalisedText()

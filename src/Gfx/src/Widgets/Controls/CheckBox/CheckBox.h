@@ -2,9 +2,11 @@
 
 #include "Core/Api.h"
 #include "Widgets/ControlText.h"
+#include "Widgets/Property.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -16,9 +18,11 @@ namespace Gfx::Widgets
 ///
 /// Configuration: `/Gfx/Controls/CheckBox/Textures/Background` ("Panel_Down") and `Checked` ("Indicator_Up"),
 /// `/Gfx/Controls/CheckBox/Image/Width` and `Height` (20), `Buffer` (5, the gap before the text), and the font's keys.
-class GFX_API CCheckBox : public CWidget
+class GFX_API CCheckBox : public CWithProperties<CCheckBox, CWidget>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CCheckBox>> PropertyTable();
+
     CCheckBox(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, const std::string& a_text);
 
     [[nodiscard]] virtual bool Checked() const { return m_checked; }
@@ -41,8 +45,6 @@ public:
     void DrawSelf() const override;
     void Resize(int a_width, int a_height) override;
     void MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote) override;
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateLocalisedText() override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;

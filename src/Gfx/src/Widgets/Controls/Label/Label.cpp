@@ -2,7 +2,6 @@
 
 #include "Gfx/Common/Alignment.h"
 #include "Managers/Config/StyleKeys.h"
-#include "Widgets/Property.h"
 
 #include <algorithm>
 #include <array>
@@ -45,9 +44,14 @@ constexpr std::array s_properties{
 
 } // namespace
 
+std::span<const SProperty<CLabel>> CLabel::PropertyTable()
+{
+    return s_properties;
+}
+
 CLabel::CLabel(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_wrap, bool a_autoSize,
                bool a_parseMarkup, const std::string& a_text, bool a_raised)
-    : CWidget(a_name, "Label", a_x, a_y, a_width, a_height, false)
+    : CWithProperties(a_name, "Label", a_x, a_y, a_width, a_height, false)
     , m_text("Label")
     , m_wrap(a_wrap)
     , m_autoSize(a_autoSize)
@@ -165,20 +169,6 @@ void CLabel::Resize(int a_width, int a_height)
     }
     LoadTextures();
     UpdateLabelPosition();
-}
-
-void CLabel::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CWidget::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CLabel::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CWidget::GetProperty(a_name, a_default);
 }
 
 void CLabel::UpdateLocalisedText()

@@ -2,9 +2,11 @@
 
 #include "Core/Api.h"
 #include "Widgets/ControlText.h"
+#include "Widgets/Property.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -20,9 +22,11 @@ namespace Gfx::Widgets
 ///
 /// Configuration: `/Gfx/Controls/Label/Textures/Background/Raised` ("Panel_Up") and `Lowered` ("Panel_Down"),
 /// `/Gfx/Controls/Label/Style/HasBackground` ("No"), and the font's keys.
-class GFX_API CLabel : public CWidget
+class GFX_API CLabel : public CWithProperties<CLabel, CWidget>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CLabel>> PropertyTable();
+
     /// a_wrap breaks lines at the widget's width; with a_parseMarkup the text is Pango markup; a_raised chooses between
     /// the two backgrounds of the configuration.
     CLabel(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_wrap, bool a_autoSize,
@@ -52,8 +56,6 @@ public:
 
     void DrawSelf() const override;
     void Resize(int a_width, int a_height) override;
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateLocalisedText() override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;

@@ -2,7 +2,6 @@
 
 #include "Core/Assert.h"
 #include "Managers/Config/StyleKeys.h"
-#include "Widgets/Property.h"
 
 #include <algorithm>
 #include <array>
@@ -39,9 +38,14 @@ constexpr std::array s_properties{
 
 } // namespace
 
+std::span<const SProperty<CProgressBar>> CProgressBar::PropertyTable()
+{
+    return s_properties;
+}
+
 CProgressBar::CProgressBar(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, int a_minimum,
                            int a_maximum, int a_current, bool a_leftToRight)
-    : CWidget(a_name, "ProgressBar", a_x, a_y, a_width, a_height, false)
+    : CWithProperties(a_name, "ProgressBar", a_x, a_y, a_width, a_height, false)
     , m_min(a_minimum)
     , m_max(a_maximum)
     , m_current(a_current)
@@ -121,20 +125,6 @@ void CProgressBar::Resize(int a_width, int a_height)
     {
         LoadTextures();
     }
-}
-
-void CProgressBar::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CWidget::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CProgressBar::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CWidget::GetProperty(a_name, a_default);
 }
 
 void CProgressBar::UpdateStyle()

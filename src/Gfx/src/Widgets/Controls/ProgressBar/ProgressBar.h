@@ -1,9 +1,11 @@
 #pragma once
 
 #include "Core/Api.h"
+#include "Widgets/Property.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -16,9 +18,11 @@ namespace Gfx::Widgets
 /// Properties: "Minimum", "Maximum", "Current", in decimal.
 ///
 /// Configuration: `/Gfx/Controls/ProgressBar/Textures/Background` ("Panel_Down") and `Bar` ("Indicator_Up").
-class GFX_API CProgressBar : public CWidget
+class GFX_API CProgressBar : public CWithProperties<CProgressBar, CWidget>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CProgressBar>> PropertyTable();
+
     /// With a_leftToRight the bar grows from the left edge, otherwise from the right one.
     CProgressBar(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, int a_minimum, int a_maximum,
                  int a_current, bool a_leftToRight);
@@ -38,8 +42,6 @@ public:
 
     void DrawSelf() const override;
     void Resize(int a_width, int a_height) override;
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;
 

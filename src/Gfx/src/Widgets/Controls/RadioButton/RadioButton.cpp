@@ -27,7 +27,9 @@ void CRadioButton::Checked(bool a_checked)
 
 void CRadioButton::SetGroup(Core::SharedPtr<CRadioGroup> a_group)
 {
-    if (const Core::SharedPtr<CRadioGroup> former = m_group)
+    // Held to the end, since this button may be held by the former group alone.
+    const Core::SharedPtr<CRadioGroup> former = m_group;
+    if (former)
     {
         former->Remove(this);
     }

@@ -2,7 +2,6 @@
 
 #include "Managers/Config/StyleKeys.h"
 #include "Platform/Clutter/Clutter.h"
-#include "Widgets/Property.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -78,9 +77,14 @@ std::int64_t Share(std::int64_t a_factor, std::int64_t a_numerator, std::int64_t
 
 } // namespace
 
+std::span<const SProperty<CScrollBar>> CScrollBar::PropertyTable()
+{
+    return s_properties;
+}
+
 CScrollBar::CScrollBar(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_horizontal,
                        int a_minimum, int a_maximum, int a_current, int a_stepSize)
-    : CWidget(a_name, "ScrollBar", a_x, a_y, a_width, a_height, false)
+    : CWithProperties(a_name, "ScrollBar", a_x, a_y, a_width, a_height, false)
     , m_horizontal(a_horizontal)
     , m_minimum(a_minimum)
     , m_maximum(a_maximum)
@@ -349,20 +353,6 @@ bool CScrollBar::Press(const Common::CPoint& a_point)
     m_pressedPart = EPart::None;
     const bool isBefore = Along(a_point) < Along(m_sliderOrigin + m_sliderOffset);
     return MoveBySteps(isBefore ? -k_pageSteps : k_pageSteps);
-}
-
-void CScrollBar::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CWidget::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CScrollBar::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CWidget::GetProperty(a_name, a_default);
 }
 
 void CScrollBar::UpdateStyle()

@@ -3,10 +3,12 @@
 #include "Core/Api.h"
 #include "Core/Functor.h"
 #include "Gfx/Common/AABB.h"
+#include "Widgets/Property.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
 #include <array>
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -22,9 +24,11 @@ namespace Gfx::Widgets
 /// Configuration, below `/Gfx/Controls/ScrollBar/`: `Textures/BarBackground` ("Panel_Down"), `SliderInactive`,
 /// `SliderActive`, `StepperInactive` and `StepperActive` ("ControlInactive_Up", "ControlActive_Up"), `Steppers/Size`
 /// (40, along the bar), `Steppers/ImageInset` (8), `Slider/Size` (60, along the bar).
-class GFX_API CScrollBar : public CWidget
+class GFX_API CScrollBar : public CWithProperties<CScrollBar, CWidget>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CScrollBar>> PropertyTable();
+
     using ScrollEventHandler = Core::Functor<void, CWidget*, int>::Signature;
 
     CScrollBar(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_horizontal, int a_minimum,
@@ -66,8 +70,6 @@ public:
     void EndDragging() override;
     [[nodiscard]] bool IsDragging() const override;
     void MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote) override;
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;
 

@@ -1,7 +1,6 @@
 #include "Widgets/Controls/TextBox/TextBox.h"
 
 #include "Managers/Config/StyleKeys.h"
-#include "Widgets/Property.h"
 
 #include <algorithm>
 #include <array>
@@ -30,8 +29,13 @@ constexpr std::array s_properties{
 
 } // namespace
 
+std::span<const SProperty<CTextBox>> CTextBox::PropertyTable()
+{
+    return s_properties;
+}
+
 CTextBox::CTextBox(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_scrollable)
-    : CPanel(a_name, a_x, a_y, a_width, a_height, a_scrollable, true), m_font("TextBox")
+    : CWithProperties(a_name, a_x, a_y, a_width, a_height, a_scrollable, true), m_font("TextBox")
 {
     SetType("TextBox");
     BackgroundTexture(Managers::ReadStyle(s_styleKeys).background);
@@ -92,20 +96,6 @@ void CTextBox::Resize(int a_width, int a_height)
     {
         CPanel::Resize(a_width, a_height);
     }
-}
-
-void CTextBox::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CPanel::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CTextBox::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CPanel::GetProperty(a_name, a_default);
 }
 
 void CTextBox::UpdateStyle()

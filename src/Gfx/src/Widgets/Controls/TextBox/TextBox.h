@@ -5,7 +5,9 @@
 #include "Gfx/Text/FontSettings.h"
 #include "Widgets/Controls/Label/Label.h"
 #include "Widgets/Controls/Panel/Panel.h"
+#include "Widgets/Property.h"
 
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -18,9 +20,11 @@ namespace Gfx::Widgets
 /// Properties: "Text", "ParseMarkup".
 ///
 /// Configuration: `/Gfx/Controls/TextBox/Textures/Background` ("Panel_Down"), the font's keys, and the panel's.
-class GFX_API CTextBox : public CPanel
+class GFX_API CTextBox : public CWithProperties<CTextBox, CPanel>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CTextBox>> PropertyTable();
+
     /// The text of a box that isn't scrollable runs over its bottom edge.
     CTextBox(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_scrollable);
 
@@ -36,8 +40,6 @@ public:
     void Font(const Text::CFontSettings& a_font);
 
     void Resize(int a_width, int a_height) override;
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;
 

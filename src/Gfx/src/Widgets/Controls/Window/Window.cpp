@@ -5,7 +5,6 @@
 #include "Managers/Config/StyleKeys.h"
 #include "Managers/Widgets/WidgetManager.h"
 #include "Platform/Clutter/Clutter.h"
-#include "Widgets/Property.h"
 
 #include <array>
 #include <cstdint>
@@ -39,9 +38,14 @@ constexpr std::array s_properties{
 
 } // namespace
 
+std::span<const SProperty<CWindow>> CWindow::PropertyTable()
+{
+    return s_properties;
+}
+
 CWindow::CWindow(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_allowScrolling,
                  const std::string& a_title, int a_flags)
-    : CWidget(a_name, "Window", a_x, a_y, a_width, a_height, false)
+    : CWithProperties(a_name, "Window", a_x, a_y, a_width, a_height, false)
     , m_title("Window")
     , m_flags(a_flags)
     , m_clientMouseHandler(this, &CWindow::ClientMouseEventHandler)
@@ -246,20 +250,6 @@ void CWindow::EndDragging()
 void CWindow::PlaceActor()
 {
     clutter_actor_set_position(GetActor(), static_cast<float>(TopLeft().X()), static_cast<float>(TopLeft().Y()));
-}
-
-void CWindow::SetProperty(const std::string& a_name, const std::string& a_value)
-{
-    if (!WriteProperty(s_properties, *this, a_name, a_value))
-    {
-        CWidget::SetProperty(a_name, a_value);
-    }
-}
-
-std::string CWindow::GetProperty(const std::string& a_name, const std::string& a_default)
-{
-    std::string value;
-    return ReadProperty(s_properties, *this, a_name, value) ? value : CWidget::GetProperty(a_name, a_default);
 }
 
 void CWindow::UpdateLocalisedText()

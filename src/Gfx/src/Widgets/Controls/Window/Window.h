@@ -5,10 +5,12 @@
 #include "Core/SharedPtr.h"
 #include "Widgets/ControlText.h"
 #include "Widgets/Controls/Panel/Panel.h"
+#include "Widgets/Property.h"
 #include "Widgets/TextureLayer.h"
 #include "Widgets/Widget.h"
 
 #include <list>
+#include <span>
 #include <string>
 
 namespace Gfx::Widgets
@@ -24,9 +26,11 @@ namespace Gfx::Widgets
 ///
 /// Configuration: `/Gfx/Controls/Window/TitleBarHeight` (20), `DefaultTitle` (empty), `Textures/ActiveTitleBar`
 /// ("ActiveTitleBar", for the selected window), `Textures/InactiveTitleBar` ("InactiveTitleBar"), and the font's keys.
-class GFX_API CWindow : public CWidget
+class GFX_API CWindow : public CWithProperties<CWindow, CWidget>
 {
 public:
+    [[nodiscard]] static std::span<const SProperty<CWindow>> PropertyTable();
+
     enum EFlag
     {
         ewfTitleBar = 1,
@@ -77,8 +81,6 @@ public:
     void EndDragging() override;
     [[nodiscard]] bool IsDragging() const override { return m_dragging; }
     [[nodiscard]] bool TransparentOnDrag() const override { return true; }
-    void SetProperty(const std::string& a_name, const std::string& a_value) override;
-    [[nodiscard]] std::string GetProperty(const std::string& a_name, const std::string& a_default) override;
     void UpdateLocalisedText() override;
     void UpdateStyle() override;
     void UpdateCustomInfo() override;

@@ -1,0 +1,95 @@
+// Walks the property tables of all controls.
+
+#include "Gfx/Gfx.h"
+#include "support/StageTest.h"
+
+#include <map>
+#include <set>
+
+namespace
+{
+
+using namespace Gfx::Widgets;
+using GfxTest::WidgetPtr;
+
+class PropertiesTest : public GfxTest::CControlTest
+{
+protected:
+    /// One of each kind of control. A kind that isn't here isn't tested.
+    static std::vector<WidgetPtr> Controls()
+    {
+        std::vector<WidgetPtr> controls{
+            WidgetPtr(new CButton("a", 0, 0, 50, 50, false)),
+            WidgetPtr(new CCheckBox("a", 0, 0, 50, 50, "")),
+            WidgetPtr(new CImage("a", 0, 0, 50, 50, "Icon")),
+            WidgetPtr(new CLabel("a", 0, 0, 50, 50, false, false, false, "", true)),
+            WidgetPtr(new CMessageBox("a", 0, 0, 400, 300, "", "message", "Yes", "", "")),
+            WidgetPtr(new CPanel("a", 0, 0, 50, 50, false, false)),
+            WidgetPtr(new CProgressBar("a", 0, 0, 50, 50, 0, 10, 5, true)),
+            WidgetPtr(new CRadioButton("a", 0, 0, 50, 50, "")),
+            WidgetPtr(new CScrollBar("a", 0, 0, 50, 200, false, 0, 10, 5, 1)),
+            WidgetPtr(new CTextBox("a", 0, 0, 50, 50, false)),
+            WidgetPtr(new CWindow("a", 0, 0, 50, 50, false, "", CWindow::ewfTitleBar)),
+            WidgetPtr(new CWizard("a")),
+        };
+        for (const WidgetPtr& control : controls)
+        {
+            AddToStage(control);
+        }
+        return controls;
+    }
+
+    /// A value that the property doesn't have by itself.
+    static std::string ValueFor(const std::string& a_name)
+    {
+        static const std::map<std::string, std::string> s_values{
+            {"Visible", "False"},   {"Opacity", "40"},       {"Text", "new text"},
+            {"Background", "True"}, {"ParseMarkup", "True"}, {"BackgroundTexture", "Icon"},
+            {"Disabled", "True"},   {"TextureSet", "Other"}, {"Checked", "True"},
+            {"ReadOnly", "True"},   {"Minimum", "3"},        {"Maximum", "7"},
+            {"Current", "6"},       {"Step", "2"},           {"Title", "new title"},
+        };
+        const auto value = s_values.find(a_name);
+        return value != s_values.end() ? value->second : "";
+    }
+};
+
+TEST_F(PropertiesTest, WhatIsSetIsReadBackAndNoNameComesTwice)
+{
+    for (const WidgetPtr& control : Controls())
+    {
+        if (auto* button = dynamic_cast<CButton*>(control.Get()))
+        {
+            button->SetTextures("Icon", "Icon", "Icon", "Other");
+        }
+        std::set<std::string> names;
+        for (const SPropertyInfo& property : control->Properties())
+        {
+            const std::string name(property.name);
+            SCOPED_TRACE(control->Type() + ": " + name);
+            EXPECT_TRUE(names.insert(name).second);
+            if (property.isReadable && property.isWritable)
+            {
+                const std::string value = ValueFor(name);
+                ASSERT_NE(value, "") << "the test needs a value for this property";
+                EXPECT_NE(control->GetProperty(name, "none"), value);
+                control->SetProperty(name, value);
+                EXPECT_EQ(control->GetProperty(name, "none"), value);
+            }
+            else if (property.isWritable)
+            {
+                control->SetProperty(name, "1");
+                EXPECT_EQ(control->GetProperty(name, "none"), "none") << "taken, and not kept as a plain property";
+            }
+            else
+            {
+                EXPECT_NE(control->GetProperty(name, "none"), "none");
+            }
+        }
+        EXPECT_EQ(names.count("Visible"), 1U) << "the base class is reached";
+        control->SetProperty("Of the application", "x");
+        EXPECT_EQ(control->GetProperty("Of the application", "none"), "x");
+    }
+}
+
+} // namespace
