@@ -305,9 +305,9 @@ void CGallery::AddWindows()
                 OnClick(close, [window] { window->Destroy(); });
             });
     const std::array<std::pair<const char*, std::array<const char*, 3>>, 3> boxes{{
-        {"One button", {"Yes", "", ""}},
-        {"Two buttons", {"Yes", "No", ""}},
-        {"Three, one an image", {"Yes", "No", "Image:Icon_Cancel"}},
+        {"One button", {"Localised:Yes", "", ""}},
+        {"Two buttons", {"Localised:Yes", "Localised:No", ""}},
+        {"Three, one an image", {"Localised:Yes", "Localised:No", "Image:Icon_Cancel"}},
     }};
     int y = 90;
     for (const auto& box : boxes)
@@ -316,7 +316,7 @@ void CGallery::AddWindows()
         const auto show = [this, captions = box.second]() -> CWidget*
         {
             return Widgets().ShowMessageBox(520, 300, "",
-                                            "Water is low in tank <b>two</b>. Fill it up before the night?",
+                                            "Localised:Water is low in tank <b>two</b>. Fill it up before the night?",
                                             m_answer.get(), captions[0], captions[1], captions[2]);
         };
         OnClick(button, show);
