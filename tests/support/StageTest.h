@@ -10,8 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Gfx
@@ -42,6 +44,21 @@ public:
 
 private:
     Gfx::CColour m_colour;
+};
+
+/// A widget that draws by a function.
+class CDrawing : public Gfx::Widgets::CWidget
+{
+public:
+    CDrawing(int a_x, int a_y, int a_width, int a_height, std::function<void()> a_draw)
+        : CWidget("drawing", "Drawing", a_x, a_y, a_width, a_height, false), m_draw(std::move(a_draw))
+    {
+        InitialiseClutterGroup();
+    }
+    void DrawSelf() const override { m_draw(); }
+
+private:
+    std::function<void()> m_draw;
 };
 
 /// What is on the stage, row by row from the top.

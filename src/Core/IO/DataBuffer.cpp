@@ -1,8 +1,5 @@
 #include "Core/IO/DataBuffer.h"
 
-#include <bit>
-#include <limits>
-
 namespace Core::IO
 {
 
@@ -38,23 +35,18 @@ std::int32_t CDataBuffer::GetInt32()
 
 float CDataBuffer::GetFloat()
 {
-    static_assert(std::numeric_limits<float>::is_iec559);
     return std::bit_cast<float>(GetUInt32());
 }
 
 std::uint32_t CDataBuffer::GetUInt32()
 {
-    constexpr int size = 4;
+    constexpr std::size_t size = 4;
     if (!Has(size))
     {
         return 0;
     }
-    std::uint32_t value = 0;
-    for (int i = 0; i < size; ++i)
-    {
-        const int significance = m_endianness == eeLittle ? i : size - 1 - i;
-        value |= std::uint32_t{m_bytes[m_position++]} << (8 * significance);
-    }
+    const std::uint32_t value = UInt32At(m_position);
+    m_position += size;
     return value;
 }
 
