@@ -1,6 +1,7 @@
 #include "BenchStage.h"
 
 #include <clutter/clutter.h>
+#include <malloc.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -73,6 +74,12 @@ void PaintWidget(Gfx::Widgets::CWidget& a_widget)
 {
     a_widget.Invalidate(false);
     WaitForFrame();
+}
+
+double HeapInUse()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
 }
 
 void Require(bool a_condition, const char* a_what)

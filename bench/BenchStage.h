@@ -37,6 +37,9 @@ Gfx::Managers::CWidgetManager& Widgets();
 void PaintStage();
 void PaintWidget(Gfx::Widgets::CWidget& a_widget);
 
+/// In bytes, what was handed out in one piece included.
+double HeapInUse();
+
 /// Ends the process with a message unless a_condition holds: a benchmark of something that doesn't work says nothing.
 void Require(bool a_condition, const char* a_what);
 

@@ -4,7 +4,6 @@
 
 #include <benchmark/benchmark.h>
 #include <clutter/clutter.h>
-#include <malloc.h>
 
 #include <cstdio>
 #include <string>
@@ -14,12 +13,6 @@ namespace
 
 using Bench::WidgetPtr;
 using Gfx::Widgets::CButton;
-
-double HeapInUse()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
-}
 
 /// In six columns, of which the display shows the first ten rows.
 WidgetPtr BuildButtons(int a_count)
@@ -56,7 +49,7 @@ void BuildAndPaintButtons(benchmark::State& a_state)
     destroy(first);
     for (auto _ : a_state)
     {
-        const double before = HeapInUse();
+        const double before = Bench::HeapInUse();
         const Bench::CStopwatch building;
         WidgetPtr panel = BuildButtons(count);
         seconds += building.Seconds();
@@ -66,7 +59,7 @@ void BuildAndPaintButtons(benchmark::State& a_state)
         const Bench::CStopwatch repainting;
         Bench::PaintStage();
         repaintSeconds += repainting.Seconds();
-        bytes = (HeapInUse() - before) / count;
+        bytes = (Bench::HeapInUse() - before) / count;
         destroy(panel);
         ++rounds;
     }
@@ -79,11 +72,3 @@ void BuildAndPaintButtons(benchmark::State& a_state)
 BENCHMARK(BuildAndPaintButtons)->Arg(12)->Arg(100)->Arg(1000)->Iterations(10)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int a_argc, char** a_argv)
-{
-    benchmark::Initialize(&a_argc, a_argv);
-    Bench::SetUpStage();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

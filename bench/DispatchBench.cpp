@@ -130,11 +130,3 @@ BENCHMARK(PressAndReleaseFlat)->Arg(k_smallest)->Arg(1000)->Arg(10000);
 BENCHMARK(PressAndReleaseEightDeep)->Arg(k_smallest)->Arg(1000)->Arg(10000);
 
 } // namespace
-
-int main(int a_argc, char** a_argv)
-{
-    benchmark::Initialize(&a_argc, a_argv);
-    Bench::SetUpStage();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

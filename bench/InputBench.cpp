@@ -141,11 +141,3 @@ BENCHMARK(ReadHundredPackets)->UseManualTime();
 BENCHMARK(OnePacketThroughTheMainLoop)->UseManualTime();
 
 } // namespace
-
-int main(int a_argc, char** a_argv)
-{
-    benchmark::Initialize(&a_argc, a_argv);
-    Bench::SetUpStage();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

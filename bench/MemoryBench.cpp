@@ -4,7 +4,6 @@
 
 #include <benchmark/benchmark.h>
 #include <clutter/clutter.h>
-#include <malloc.h>
 
 #include <string>
 #include <vector>
@@ -17,12 +16,6 @@ using Bench::WidgetPtr;
 
 constexpr int k_rounds = 10000;
 
-double HeapInUse()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
-}
-
 void BytesPerWidget(benchmark::State& a_state)
 {
     const int count = static_cast<int>(a_state.range(0));
@@ -31,16 +24,16 @@ void BytesPerWidget(benchmark::State& a_state)
     for (auto _ : a_state)
     {
         WidgetPtr panel(new CBlock("panel", 0, 0, 800, 480));
-        double before = HeapInUse();
+        double before = Bench::HeapInUse();
         for (int i = 0; i < count; ++i)
         {
             panel->AddChild(WidgetPtr(new CBlock("other", 0, 0, 10, 10)));
         }
-        widgetBytes = (HeapInUse() - before) / count;
+        widgetBytes = (Bench::HeapInUse() - before) / count;
 
         ClutterActor* const group = clutter_group_new();
         g_object_ref_sink(group);
-        before = HeapInUse();
+        before = Bench::HeapInUse();
         for (int i = 0; i < count; ++i)
         {
             ClutterActor* const child = clutter_group_new();
@@ -48,7 +41,7 @@ void BytesPerWidget(benchmark::State& a_state)
             clutter_actor_set_size(child, 10, 10);
             clutter_container_add_actor(CLUTTER_CONTAINER(group), child);
         }
-        actorBytes = (HeapInUse() - before) / count;
+        actorBytes = (Bench::HeapInUse() - before) / count;
         clutter_actor_destroy(group);
         g_object_unref(group);
     }
@@ -82,11 +75,11 @@ void HeapAfterRounds(benchmark::State& a_state)
         {
             if (round == k_rounds / 2)
             {
-                middle = HeapInUse();
+                middle = Bench::HeapInUse();
             }
             BuildPaintDestroy();
         }
-        end = HeapInUse();
+        end = Bench::HeapInUse();
     }
     a_state.counters["Growth"] = end - middle;
     a_state.counters["BytesPerRound"] = (end - middle) / (k_rounds / 2);
@@ -96,11 +89,3 @@ BENCHMARK(BytesPerWidget)->Arg(1000)->Iterations(1)->Unit(benchmark::kMillisecon
 BENCHMARK(HeapAfterRounds)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int a_argc, char** a_argv)
-{
-    benchmark::Initialize(&a_argc, a_argv);
-    Bench::SetUpStage();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -206,11 +206,3 @@ BENCHMARK(SwitchTheme)->Iterations(50)->Unit(benchmark::kMillisecond);
 BENCHMARK(ScrollPanel)->Iterations(202)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int a_argc, char** a_argv)
-{
-    benchmark::Initialize(&a_argc, a_argv);
-    Bench::SetUpStage();
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
