@@ -76,6 +76,12 @@ void InitialiseClass(gpointer a_class, gpointer)
     actorClass->get_paint_volume = GetPaintVolume;
 }
 
+void InitialiseInstance(GTypeInstance* a_instance, gpointer)
+{
+    // A ClutterGroup has given itself one.
+    clutter_actor_set_layout_manager(CLUTTER_ACTOR(a_instance), nullptr);
+}
+
 void Add(ClutterContainer* a_container, ClutterActor* a_actor)
 {
     clutter_container_add_on_top(CLUTTER_ACTOR(a_container), a_actor);
@@ -123,7 +129,7 @@ GType Register()
 {
     const GType type =
         g_type_register_static_simple(clutter_group_get_type(), "GfxPaintedGroup", sizeof(PaintedGroupClass),
-                                      InitialiseClass, sizeof(PaintedGroup), nullptr, GTypeFlags{});
+                                      InitialiseClass, sizeof(PaintedGroup), InitialiseInstance, GTypeFlags{});
     const GInterfaceInfo container{InitialiseContainer, nullptr, nullptr};
     g_type_add_interface_static(type, CLUTTER_TYPE_CONTAINER, &container);
     return type;
