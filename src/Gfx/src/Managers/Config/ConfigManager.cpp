@@ -2,6 +2,8 @@
 
 #include "Core/Logging/Logger.h"
 
+#include <utility>
+
 template class Core::Patterns::StaticSingleton<Gfx::Managers::CConfigManager>;
 
 namespace Gfx::Managers
@@ -17,6 +19,26 @@ void CConfigManager::Initialise(const std::string& a_basePath)
         Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CConfigManager",
                                                                            "%s", "Unable to load GfxConfig.xml");
     }
+    ReadOwnKeys();
+}
+
+bool CConfigManager::Reload(std::string& a_error)
+{
+    XMLDocument document;
+    if (!document.Parse(m_configurationPath + "GfxConfig.xml"))
+    {
+        a_error = document.ErrorText();
+        return false;
+    }
+    XMLDocument::operator=(std::move(document));
+    ++m_generation;
+    m_values.clear();
+    ReadOwnKeys();
+    return true;
+}
+
+void CConfigManager::ReadOwnKeys()
+{
     m_clipText = Get<std::string>("/Gfx/General/ClipText", "No") == "Yes";
 }
 

@@ -22,6 +22,10 @@ public:
     /// a_basePath is the data directory, with a separator at its end. A file that can't be loaded is logged.
     void Initialise(const std::string& a_basePath);
 
+    /// Reads the file again, for those who ask from now on. On failure all stays as it was, and a_error says where the
+    /// fault is.
+    [[nodiscard]] bool Reload(std::string& a_error);
+
     /// T is int or std::string; a std::string with white space in it counts as no value.
     template <typename T>
     [[nodiscard]] T Get(const std::string& a_path, const T& a_default) const
@@ -40,6 +44,8 @@ public:
     [[nodiscard]] const std::string& BasePath() const { return m_basePath; }
 
 private:
+    void ReadOwnKeys();
+
     /// The text at a_path, looked up in the document once; a missing one is remembered as empty.
     [[nodiscard]] const std::string& RawText(const std::string& a_path) const;
 

@@ -9,6 +9,7 @@
 
 #include <list>
 #include <string>
+#include <vector>
 
 typedef struct _ClutterActor ClutterActor;
 
@@ -64,6 +65,12 @@ public:
 
     /// The stage as a PNG file in its true colours; empty on failure.
     [[nodiscard]] std::string TrueScreenShot();
+
+    /// Reads the data directory again, for those who write it: configuration, themes, textures and the language's
+    /// texts. Widgets that are there take the new themes and textures; what they have read of the configuration stays
+    /// with them. A file with a fault in it leaves what was read of it before, and a line that says where the fault is;
+    /// true if there is none.
+    bool Reload(std::vector<std::string>& a_errors);
 
     [[nodiscard]] int DisplayWidth() const { return m_displayWidth; }
     [[nodiscard]] int DisplayHeight() const { return m_displayHeight; }

@@ -121,6 +121,29 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
     return true;
 }
 
+bool CGfxManager::Reload(std::vector<std::string>& a_errors)
+{
+    a_errors.clear();
+    const auto reload = [&a_errors](auto& a_manager)
+    {
+        std::string error;
+        if (!a_manager.Reload(error))
+        {
+            a_errors.push_back(error);
+        }
+    };
+    reload(StaticSingleton<CConfigManager>::ref());
+    reload(StaticSingleton<CThemeManager>::ref());
+    reload(StaticSingleton<CTextureManager>::ref());
+    StaticSingleton<CWidgetManager>::ref().UpdateStyle();
+    Core::Localisation::CManager& localisation = *Core::Localisation::CManager::Instance();
+    if (!localisation.SetLanguage(localisation.Language()))
+    {
+        a_errors.push_back("the texts of language " + localisation.Language());
+    }
+    return a_errors.empty();
+}
+
 void CGfxManager::StartMainLoop()
 {
     if (m_stage == nullptr)

@@ -1,6 +1,5 @@
 #include "Managers/Textures/TextureManager.h"
 
-#include "Core/IO/XMLDocument.h"
 #include "Core/LexicalCast.h"
 #include "Core/Logging/Logger.h"
 #include "Gfx/Common/Drawing.h"
@@ -10,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 template class Core::Patterns::StaticSingleton<Gfx::Managers::CTextureManager>;
 
@@ -54,7 +54,31 @@ void CTextureManager::Initialise(const std::string& a_basePath)
     Core::IO::XMLDocument document;
     // A file that can't be read has been logged, and has no elements.
     static_cast<void>(document.Parse(m_directory + "TextureConfig.xml"));
-    if (const Core::IO::XMLNode* textures = document.Section("Textures"))
+    ReadTable(document);
+}
+
+bool CTextureManager::Reload(std::string& a_error)
+{
+    Core::IO::XMLDocument document;
+    if (!document.Parse(m_directory + "TextureConfig.xml"))
+    {
+        a_error = document.ErrorText();
+        return false;
+    }
+    for (CTexturePage& page : m_formerPages)
+    {
+        page.ReleaseTexture();
+    }
+    m_formerPages = std::move(m_pages);
+    m_pages.clear();
+    m_pageOfElement.clear();
+    ReadTable(document);
+    return true;
+}
+
+void CTextureManager::ReadTable(const Core::IO::XMLDocument& a_document)
+{
+    if (const Core::IO::XMLNode* textures = a_document.Section("Textures"))
     {
         for (const Core::IO::XMLNode& child : textures->Children())
         {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/Api.h"
-#include "Core/IO/XMLNode.h"
+#include "Core/IO/XMLDocument.h"
 #include "Core/StaticSingleton.h"
 #include "Gfx/Common/Margins.h"
 #include "Gfx/Common/TexturedQuad.h"
@@ -34,6 +34,11 @@ public:
     /// logged and left out. A further call adds to what is there.
     void Initialise(const std::string& a_basePath);
 
+    /// Reads the table again, in place of all pages that are known; images are loaded anew. Widgets have to be told.
+    /// What was retrieved before is good until the reload after this one. On failure all stays as it was, and a_error
+    /// says where the fault is.
+    [[nodiscard]] bool Reload(std::string& a_error);
+
     /// Loads all pages now, rather than each at its first use.
     void LoadTextures();
 
@@ -65,10 +70,13 @@ public:
                                          std::vector<STexturedQuad>& a_quads, void*& a_texture);
 
 private:
+    void ReadTable(const Core::IO::XMLDocument& a_document);
     void ReadImage(const Core::IO::XMLNode& a_image);
     void ReadElement(const Core::IO::XMLNode& a_element, const std::string& a_imageFile, CTexturePage& a_page);
 
     std::list<CTexturePage> m_pages;
+    /// Of the table before the last reload: widgets may draw with them until they are told.
+    std::list<CTexturePage> m_formerPages;
     std::unordered_map<std::string, CTexturePage*> m_pageOfElement;
     std::string m_directory;
 };

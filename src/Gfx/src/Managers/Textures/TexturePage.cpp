@@ -2,6 +2,7 @@
 
 #include "Core/Logging/Logger.h"
 #include "Managers/Textures/ImageFile.h"
+#include "Platform/Clutter/Clutter.h"
 
 namespace Gfx::Managers
 {
@@ -20,6 +21,13 @@ bool CTexturePage::LoadTexture()
     m_loadAttempted = true;
     m_texture = detail::LoadImageFile(m_file, "CTexturePage");
     return true;
+}
+
+void CTexturePage::ReleaseTexture()
+{
+    cogl_texture_release(m_texture);
+    m_texture = nullptr;
+    m_loadAttempted = false;
 }
 
 bool CTexturePage::HasElement(const std::string& a_name) const

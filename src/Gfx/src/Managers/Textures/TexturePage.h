@@ -32,6 +32,9 @@ public:
     /// Loads the image if that was never tried, and says true then, whatever comes of it; otherwise IsValid().
     bool LoadTexture();
 
+    /// Gives the image up. It can be loaded again.
+    void ReleaseTexture();
+
     [[nodiscard]] bool HasElement(const std::string& a_name) const;
 
     /// In pixels; 0 if the page has no such element.
@@ -53,7 +56,7 @@ public:
     [[nodiscard]] int Height() const { return m_height; }
 
 private:
-    /// Never released: controls draw with it to the end of the process.
+    /// Released by ReleaseTexture alone: controls draw with it.
     void* m_texture = nullptr;
     std::string m_file;
     int m_width = 0;

@@ -5,6 +5,8 @@
 #include "Core/Logging/Logger.h"
 #include "Managers/Widgets/WidgetManager.h"
 
+#include <utility>
+
 template class Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>;
 
 namespace Gfx::Managers
@@ -30,15 +32,48 @@ void CThemeManager::Initialise(const std::string& a_basePath)
     static_cast<void>(document.Parse(m_configurationPath + "ThemeConfig.xml"));
     const Core::IO::XMLNode* currentNode = document.Section("Themes");
     GFX_ASSERT(currentNode);
-    m_defaultTheme = currentNode->Attribute("default", "");
-    for (const Core::IO::XMLNode& child : currentNode->Children())
+    ReadThemes(*currentNode);
+    m_currentTheme = m_defaultTheme;
+}
+
+bool CThemeManager::Reload(std::string& a_error)
+{
+    const std::string path = m_configurationPath + "ThemeConfig.xml";
+    Core::IO::XMLDocument document;
+    if (!document.Parse(path))
+    {
+        a_error = document.ErrorText();
+        return false;
+    }
+    CThemeManager fresh;
+    if (const Core::IO::XMLNode* themes = document.Section("Themes"))
+    {
+        fresh.ReadThemes(*themes);
+    }
+    if (fresh.m_themes.count(fresh.m_defaultTheme) == 0)
+    {
+        a_error = path + ": there is no theme of the default one's name";
+        return false;
+    }
+    m_themes = std::move(fresh.m_themes);
+    m_defaultTheme = fresh.m_defaultTheme;
+    if (m_themes.count(m_currentTheme) == 0)
+    {
+        m_currentTheme = m_defaultTheme;
+    }
+    return true;
+}
+
+void CThemeManager::ReadThemes(const Core::IO::XMLNode& a_themes)
+{
+    m_defaultTheme = a_themes.Attribute("default", "");
+    for (const Core::IO::XMLNode& child : a_themes.Children())
     {
         if (child.Name() == "Theme")
         {
             ReadTheme(child);
         }
     }
-    m_currentTheme = m_defaultTheme;
 }
 
 void CThemeManager::ReadTheme(const Core::IO::XMLNode& a_theme)

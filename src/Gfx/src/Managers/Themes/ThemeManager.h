@@ -30,6 +30,10 @@ public:
     /// a_basePath is the data directory, with a separator at its end. Bad nodes are logged and left out.
     void Initialise(const std::string& a_basePath);
 
+    /// Reads the file again, in place of all themes that are known; the current one stays so, if there still is one of
+    /// that name. Widgets have to be told. On failure all stays as it was, and a_error says where the fault is.
+    [[nodiscard]] bool Reload(std::string& a_error);
+
     /// The value of a_name in the current theme; a_default if it has none. Other themes aren't asked.
     [[nodiscard]] std::string Element(const std::string& a_name, const std::string& a_default) const;
 
@@ -45,6 +49,7 @@ public:
 private:
     using ElementMap = std::map<std::string, std::string>;
 
+    void ReadThemes(const Core::IO::XMLNode& a_themes);
     void ReadTheme(const Core::IO::XMLNode& a_theme);
 
     std::string m_configurationPath;
