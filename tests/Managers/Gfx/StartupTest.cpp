@@ -72,7 +72,7 @@ void StartOrdinarily()
     EXPECT_TRUE(SetUpIn(GFX_TEST_DATA));
     EXPECT_THAT(s_lines, ElementsAre("3 Gfx: Initialising clutter", "3 Gfx: Initialising configuration",
                                      "3 Gfx: Initialising theme manager", "3 Gfx: Initialising texture manager",
-                                     "3 Gfx: Initialising complete"));
+                                     "3 Gfx: Initialising layout manager", "3 Gfx: Initialising complete"));
     ClutterActor* stage = Manager().GetStage();
     EXPECT_STREQ(clutter_stage_get_title(CLUTTER_STAGE(stage)), "title");
     ClutterColor colour;

@@ -4,6 +4,7 @@
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Input/InputManager.h"
+#include "Managers/Layout/LayoutManager.h"
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Managers/Widgets/WidgetManager.h"
@@ -116,6 +117,9 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
     StaticSingleton<CThemeManager>::ref().Initialise(a_basePath);
     Report("Initialising texture manager");
     StaticSingleton<CTextureManager>::ref().Initialise(a_basePath);
+
+    Report("Initialising layout manager");
+    StaticSingleton<CLayoutManager>::ref().Initialise(a_basePath);
 
     Report("Initialising complete");
     return true;

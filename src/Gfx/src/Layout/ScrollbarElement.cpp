@@ -1,0 +1,109 @@
+#include "Layout/ScrollbarElement.h"
+
+#include "Core/Functor.h"
+#include "Widgets/Controls/ScrollBar/ScrollBar.h"
+
+#include <array>
+#include <string>
+
+namespace Gfx::Layout
+{
+
+using Core::IO::XMLNode;
+
+namespace
+{
+
+struct SValues
+{
+    std::string style = "Horizontal";
+    int minimum = 0;
+    int maximum = 100;
+    int current = 0;
+    int step = 1;
+};
+
+constexpr std::array s_rows{
+    SAttribute<SValues>{"style", &SValues::style, "Horizontal; anything else is vertical"},
+    SAttribute<SValues>{"minimum", &SValues::minimum, "the lower bound"},
+    SAttribute<SValues>{"maximum", &SValues::maximum, "the upper bound"},
+    SAttribute<SValues>{"current", &SValues::current, "the value at first"},
+    SAttribute<SValues>{"step", &SValues::step, "what a stepper adds"},
+};
+
+void ProcessTextureSet(Widgets::CScrollBar& a_bar, const XMLNode& a_set)
+{
+    const auto text = [&a_set](const char* a_name) -> std::string
+    {
+        const XMLNode* const child = a_set.Child(a_name);
+        return child != nullptr ? child->Data() : "";
+    };
+    a_bar.SetTextures(text("Bar"), text("SliderInactive"), text("SliderActive"), text("StepperInactive"),
+                      text("StepperActive"));
+    a_bar.SetImages(text("Stepper1"), text("Stepper2"));
+}
+
+} // namespace
+
+CElement* CScrollbarElement::Process(CElement* a_parent, const XMLNode& a_node)
+{
+    if (!PreProcess(a_node))
+    {
+        return nullptr;
+    }
+    const SValues values = ReadAttributes(s_rows, a_node);
+    const auto bar = Hidden(new Widgets::CScrollBar(Id(), X(), Y(), Width(), Height(), values.style == "Horizontal",
+                                                    values.minimum, values.maximum, values.current, values.step));
+    Attach(a_parent, bar);
+    for (const XMLNode& child : a_node.Children())
+    {
+        if (child.Name() == "Events")
+        {
+            ProcessEvents(*bar, child);
+        }
+        else if (child.Name() == "TextureSet")
+        {
+            ProcessTextureSet(*bar, child);
+        }
+    }
+    return this;
+}
+
+std::vector<SAttributeInfo> CScrollbarElement::Attributes() const
+{
+    std::vector<SAttributeInfo> list = CElement::Attributes();
+    DescribeAttributes(s_rows, list);
+    return list;
+}
+
+std::vector<SEventInfo> CScrollbarElement::Events() const
+{
+    std::vector<SEventInfo> list = CElement::Events();
+    list.push_back({"Scroll", "the value changes by touch"});
+    return list;
+}
+
+void CScrollbarElement::ProcessEvents(Widgets::CScrollBar& a_bar, const XMLNode& a_events)
+{
+    using Scroll = Core::Functor<void, Widgets::CWidget*, int>;
+    for (const XMLNode& event : a_events.Children())
+    {
+        if (event.Name() == "Scroll")
+        {
+            m_scrollActions = ProcessEventActions(event);
+            a_bar.SetScrollEventHandler(
+                Keep(new Scroll::Method<CScrollbarElement>(this, &CScrollbarElement::ScrollHandler)));
+        }
+        else
+        {
+            ProcessEvent(event);
+        }
+    }
+}
+
+void CScrollbarElement::ScrollHandler(Widgets::CWidget*, int)
+{
+    ExecuteActions(m_scrollActions);
+}
+
+} // namespace Gfx::Layout

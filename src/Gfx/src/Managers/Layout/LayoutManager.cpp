@@ -1,0 +1,256 @@
+#include "Managers/Layout/LayoutManager.h"
+
+#include "Core/IO/XMLDocument.h"
+#include "Core/Logging/Logger.h"
+#include "Managers/Widgets/WidgetManager.h"
+
+#include <dirent.h>
+
+#include <cstdio>
+#include <utility>
+
+template class Core::Patterns::StaticSingleton<Gfx::Managers::CLayoutManager>;
+
+namespace Gfx::Managers
+{
+
+using Core::IO::XMLNode;
+using Core::Patterns::StaticSingleton;
+
+namespace
+{
+
+template <typename... Args>
+void Report(Core::Logging::ELogEventLevel a_level, const std::string& a_source, const std::string& a_format,
+            const Args&... a_arguments)
+{
+    StaticSingleton<Core::Logging::CLogger>::ref().Log(a_level, a_source, a_format, a_arguments...);
+}
+
+void ReportUnknown(const std::string& a_id)
+{
+    std::fprintf(stderr, "CLayoutManager::ApplyLayout: could not find layout %s\n", a_id.c_str());
+}
+
+bool IsLayoutFile(const std::string& a_name)
+{
+    const std::size_t dot = a_name.rfind('.');
+    return dot != std::string::npos && a_name.substr(dot + 1) == "xml";
+}
+
+} // namespace
+
+void detail::AbandonElement(std::unique_ptr<Layout::CElement> a_element)
+{
+    static std::vector<std::unique_ptr<Layout::CElement>> s_abandoned;
+    s_abandoned.push_back(std::move(a_element));
+}
+
+CLayoutManager::CLayoutManager()
+{
+    for (const SStandardElement& element : StandardElements())
+    {
+        RegisterElementConstructor(element.type, new ElementConstructor::Function(element.build));
+    }
+}
+
+void CLayoutManager::Initialise(const std::string& a_dataPath)
+{
+    m_directory = a_dataPath + "Layouts/";
+    DIR* const directory = opendir(m_directory.c_str());
+    if (directory == nullptr)
+    {
+        return;
+    }
+    while (const dirent* entry = readdir(directory))
+    {
+        if (IsLayoutFile(entry->d_name))
+        {
+            ParseLayoutFile(m_directory + entry->d_name);
+        }
+    }
+    closedir(directory);
+}
+
+void CLayoutManager::ParseLayoutFile(const std::string& a_path)
+{
+    Core::IO::XMLDocument document;
+    if (!document.Parse(a_path))
+    {
+        return;
+    }
+    const XMLNode* const layouts = document.Section("Layouts");
+    if (layouts == nullptr)
+    {
+        return;
+    }
+    for (const XMLNode& child : layouts->Children())
+    {
+        if (child.Name() == "Layout")
+        {
+            m_rawLayouts[child.Attribute("id", "")] = child;
+        }
+    }
+}
+
+void CLayoutManager::ParseLayoutNode(const XMLNode& a_layout)
+{
+    const std::string id = a_layout.Attribute("id", "");
+    if (id.empty())
+    {
+        Report(Core::Logging::elMessage, "CLayoutManager",
+               "A layout node as encountered without an id. This is invalid");
+        return;
+    }
+    Elements elements;
+    for (const XMLNode& child : a_layout.Children())
+    {
+        ElementConstructor::Signature* const constructor = FindConstructor(child.Name());
+        if (constructor == nullptr)
+        {
+            Report(Core::Logging::elSkipped, "CLayoutManager",
+                   "A processor could not be found for element of type %s in layout %s", child.Name(), id);
+            continue;
+        }
+        elements.emplace_back(constructor->Execute(nullptr, child));
+    }
+    m_parsedLayouts[id] = std::move(elements);
+}
+
+const CLayoutManager::Elements* CLayoutManager::FindOrParse(const std::string& a_id, bool a_report)
+{
+    auto parsed = m_parsedLayouts.find(a_id);
+    if (parsed == m_parsedLayouts.end())
+    {
+        const auto raw = m_rawLayouts.find(a_id);
+        if (raw == m_rawLayouts.end())
+        {
+            return nullptr;
+        }
+        if (a_report)
+        {
+            Report(Core::Logging::elMessage, "Gfx", "CLayoutManager::ApplyLayout parsing layout");
+        }
+        // A copy, since an element of the application's may read files anew.
+        ParseLayoutNode(XMLNode(raw->second));
+        if (a_report)
+        {
+            Report(Core::Logging::elMessage, "Gfx", "CLayoutManager::ApplyLayout layout parsed");
+        }
+        parsed = m_parsedLayouts.find(a_id);
+    }
+    return parsed != m_parsedLayouts.end() ? &parsed->second : nullptr;
+}
+
+void CLayoutManager::ApplyLayout(const std::string& a_id)
+{
+    const Elements* const found = FindOrParse(a_id, true);
+    if (found == nullptr)
+    {
+        ReportUnknown(a_id);
+        return;
+    }
+    // What becomes visible may run actions.
+    const Elements elements = *found;
+    for (const Layout::CElement::ElementPtr& element : elements)
+    {
+        if (const WidgetPtr widget = element ? element->Widget() : WidgetPtr())
+        {
+            StaticSingleton<CWidgetManager>::ref().AddWidget(widget);
+        }
+    }
+}
+
+std::list<CLayoutManager::WidgetPtr> CLayoutManager::RetrieveLayout(const std::string& a_id)
+{
+    std::list<WidgetPtr> widgets;
+    if (const Elements* elements = FindOrParse(a_id, false))
+    {
+        for (const Layout::CElement::ElementPtr& element : *elements)
+        {
+            if (const WidgetPtr widget = element ? element->Widget() : WidgetPtr())
+            {
+                widgets.push_back(widget);
+            }
+        }
+    }
+    return widgets;
+}
+
+bool CLayoutManager::ProcessChild(Layout::CElement* a_parent, const XMLNode& a_node)
+{
+    ElementConstructor::Signature* const constructor = FindConstructor(a_node.Name());
+    if (constructor == nullptr)
+    {
+        Report(Core::Logging::elSkipped, "CLayoutManager", "A processor could not be found for element of type %s",
+               a_node.Name());
+        return false;
+    }
+    const Layout::CElement::ElementPtr element(constructor->Execute(a_parent, a_node));
+    if (a_parent != nullptr)
+    {
+        a_parent->AddChild(element);
+    }
+    return true;
+}
+
+CLayoutManager::ElementConstructor::Signature* CLayoutManager::FindConstructor(const std::string& a_type) const
+{
+    const auto constructor = m_constructors.find(a_type);
+    return constructor != m_constructors.end() ? constructor->second : nullptr;
+}
+
+void CLayoutManager::RegisterElementConstructor(const std::string& a_type, ElementConstructor::Signature* a_constructor)
+{
+    m_constructors[a_type] = a_constructor;
+}
+
+void CLayoutManager::SetFlag(const std::string& a_name, const std::string& a_value)
+{
+    m_flags[a_name] = a_value;
+}
+
+std::string CLayoutManager::GetFlag(const std::string& a_name) const
+{
+    const auto flag = m_flags.find(a_name);
+    return flag != m_flags.end() ? flag->second : "";
+}
+
+void CLayoutManager::AddNotificationHandler(const std::string& a_name, NotificationHandler* a_handler)
+{
+    m_notificationHandlers[a_name] = a_handler;
+}
+
+void CLayoutManager::RemoveNotificationHandler(const std::string& a_name)
+{
+    m_notificationHandlers.erase(a_name);
+}
+
+bool CLayoutManager::PostNotification(const std::string& a_name, const std::string& a_parameter, WidgetPtr a_widget)
+{
+    const auto handler = m_notificationHandlers.find(a_name);
+    return handler == m_notificationHandlers.end() || handler->second == nullptr ||
+           handler->second->Execute(std::move(a_widget), a_name, a_parameter);
+}
+
+std::vector<std::string> CLayoutManager::LayoutIds() const
+{
+    std::vector<std::string> ids;
+    for (const auto& [id, node] : m_rawLayouts)
+    {
+        ids.push_back(id);
+    }
+    return ids;
+}
+
+std::vector<std::string> CLayoutManager::ElementTypes() const
+{
+    std::vector<std::string> types;
+    for (const auto& [type, constructor] : m_constructors)
+    {
+        types.push_back(type);
+    }
+    return types;
+}
+
+} // namespace Gfx::Managers
