@@ -12,7 +12,7 @@
 namespace Gfx::Widgets
 {
 
-/// An indicator with a text beside it, which a click toggles. It is made as high as its indicator, whatever was asked
+/// An indicator with a text beside it, which a click toggles. It is made as high as its indicator.
 /// for.
 ///
 /// Properties: "Checked" and "ReadOnly" ("True"; anything else is false).
