@@ -123,8 +123,10 @@ public:
 TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
 {
     using Constructor = CLayoutManager::ElementConstructor::Function;
-    Layouts().RegisterElementConstructor("Echo", new Constructor(&Gfx::Managers::ElementBuilder<CEchoElement>));
-    Layouts().RegisterElementConstructor("Numbered", new Constructor(&Gfx::Managers::ElementBuilder<CNumberedButton>));
+    static Constructor s_echo(&Gfx::Managers::ElementBuilder<CEchoElement>);
+    static Constructor s_numbered(&Gfx::Managers::ElementBuilder<CNumberedButton>);
+    Layouts().RegisterElementConstructor("Echo", &s_echo);
+    Layouts().RegisterElementConstructor("Numbered", &s_numbered);
     const GfxTest::CTemporaryDirectory data;
     data.Write("own.xml", "<Layouts><Layout id='Own'><Panel id='p' x='0' y='0' width='100' height='100'>"
                           "<Echo id='e' x='0' y='0' word='hello'><Events><Show><SetFlag id='echo' value='seen'/></Show>"

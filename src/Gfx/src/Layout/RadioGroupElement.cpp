@@ -54,7 +54,17 @@ std::vector<SAttributeInfo> CRadioButtonElement::Attributes() const
 
 CRadioGroupElement::CRadioGroupElement() = default;
 
-CRadioGroupElement::~CRadioGroupElement() = default;
+CRadioGroupElement::~CRadioGroupElement()
+{
+    // Buttons and group hold each other.
+    for (const ElementPtr& element : m_buttons)
+    {
+        if (const WidgetPtr widget = element->Widget())
+        {
+            widget.StaticCast<Widgets::CRadioButton>()->SetGroup({});
+        }
+    }
+}
 
 CElement* CRadioGroupElement::Process(CElement* a_parent, const XMLNode& a_node)
 {

@@ -50,7 +50,8 @@ CLayoutManager::CLayoutManager()
 {
     for (const SStandardElement& element : StandardElements())
     {
-        RegisterElementConstructor(element.type, new ElementConstructor::Function(element.build));
+        m_standardConstructors.push_back(std::make_unique<ElementConstructor::Function>(element.build));
+        RegisterElementConstructor(element.type, m_standardConstructors.back().get());
     }
 }
 

@@ -64,8 +64,8 @@ public:
     /// Makes an element within another one. For elements.
     bool ProcessChild(Layout::CElement* a_parent, const Core::IO::XMLNode& a_node);
 
-    /// Adds a kind of element, or replaces it for layouts that are made from now on. The manager keeps a_constructor to
-    /// the end of the process.
+    /// Adds a kind of element, or replaces it for layouts that are made from now on. a_constructor is never freed, and
+    /// has to live to the end of the process.
     void RegisterElementConstructor(const std::string& a_type, ElementConstructor::Signature* a_constructor);
 
     /// Flags are named texts that layouts read and set; they belong to no layout.
@@ -96,6 +96,8 @@ private:
     std::map<std::string, Core::IO::XMLNode> m_rawLayouts;
     std::string m_directory;
     std::map<std::string, ElementConstructor::Signature*> m_constructors;
+    /// The toolkit's own among them.
+    std::vector<std::unique_ptr<ElementConstructor::Signature>> m_standardConstructors;
     std::map<std::string, Elements> m_parsedLayouts;
     std::map<std::string, NotificationHandler*> m_notificationHandlers;
     std::map<std::string, std::string> m_flags;
