@@ -35,4 +35,11 @@ std::string XMLNode::Attribute(const std::string& a_name, const std::string& a_f
     return attribute != m_attributes.end() ? attribute->second : a_fallback;
 }
 
+bool XMLNode::HasSameContent(const XMLNode& a_other) const
+{
+    return m_name == a_other.m_name && m_data == a_other.m_data && m_attributes == a_other.m_attributes &&
+           std::equal(m_children.begin(), m_children.end(), a_other.m_children.begin(), a_other.m_children.end(),
+                      [](const XMLNode& a_left, const XMLNode& a_right) { return a_left.HasSameContent(a_right); });
+}
+
 } // namespace Core::IO

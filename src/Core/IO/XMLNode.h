@@ -26,6 +26,9 @@ public:
     /// The attribute's value, or a_fallback if there is no such attribute.
     [[nodiscard]] std::string Attribute(const std::string& a_name, const std::string& a_fallback) const;
 
+    /// Whether a_other says the same, wherever either lies in its file.
+    [[nodiscard]] bool HasSameContent(const XMLNode& a_other) const;
+
     /// The tag.
     [[nodiscard]] const std::string& Name() const { return m_name; }
 

@@ -2,6 +2,7 @@
 
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
+#include "Managers/Layout/LayoutManager.h"
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Widgets/Controls/Image/Image.h"
@@ -17,6 +18,7 @@ namespace
 using Core::Patterns::StaticSingleton;
 using Gfx::Managers::CConfigManager;
 using Gfx::Managers::CGfxManager;
+using Gfx::Managers::CLayoutManager;
 using Gfx::Managers::CThemeManager;
 using Gfx::Widgets::CImage;
 
@@ -39,6 +41,7 @@ protected:
     {
         CStageTest::SetUp();
         WriteAll();
+        WriteLayouts("");
         ASSERT_TRUE(Reload().empty());
         StaticSingleton<CThemeManager>::ref().SetTheme("One");
     }
@@ -62,6 +65,40 @@ protected:
                      "<Textures><Image file='Solid.png' width='128' height='128'><Element name='Face' left='" +
                          std::to_string(a_left) + "' top='" + std::to_string(a_top) +
                          "' width='16' height='16'/></Image></Textures>");
+    }
+
+    static void WriteLayouts(const std::string& a_layouts)
+    {
+        s_data.Write("Layouts/All.xml", "<Layouts>" + a_layouts + "</Layouts>");
+    }
+
+    static std::string Panel(const std::string& a_id, const std::string& a_attributes = "")
+    {
+        return "<Panel id='" + a_id + "' x='0' y='0' " + a_attributes + "/>";
+    }
+
+    static std::string Layout(const std::string& a_id, const std::string& a_elements)
+    {
+        return "<Layout id='" + a_id + "'>" + a_elements + "</Layout>";
+    }
+
+    /// The names of the top-level widgets from the bottom up, hidden ones in brackets.
+    static std::string Screen()
+    {
+        std::string names;
+        for (const GfxTest::WidgetPtr& widget : Widgets().TopLevelWidgets())
+        {
+            const std::string name = widget->GetName(true);
+            names += (names.empty() ? "" : " ") + (widget->Visible() ? name : '(' + name + ')');
+        }
+        return names;
+    }
+
+    static void Apply(const std::string& a_layout)
+    {
+        GfxTest::ExpectLog("parsing layout");
+        GfxTest::ExpectLog("layout parsed");
+        StaticSingleton<CLayoutManager>::ref().ApplyLayout(a_layout);
     }
 
     /// The errors.
@@ -132,6 +169,86 @@ TEST_F(ReloadTest, AFaultLeavesWhatWasThereAndIsLocated)
     s_data.Write("Configuration/ThemeConfig.xml", "<Themes default='Missing'><Theme id='One'/></Themes>");
     EXPECT_EQ(Reload().size(), 1U);
     EXPECT_EQ(StaticSingleton<CThemeManager>::ref().GetTheme(), "One");
+}
+
+TEST_F(ReloadTest, AChangedLayoutTakesThePlaceOfTheFormerOneAndTheOthersStay)
+{
+    const std::string other = Layout("Other", Panel("o1") + Panel("o2"));
+    WriteLayouts(Layout("Main", Panel("m1") + Panel("m2") + Panel("m3")) + other + Layout("Unused", Panel("u")));
+    EXPECT_TRUE(Reload().empty());
+    Apply("Main");
+    Apply("Other");
+    StaticSingleton<CLayoutManager>::ref().SetFlag("reload", "kept");
+    Widgets().BringToFront(Widgets().FindWidget("m1", nullptr).Get());
+    Widgets().FindWidget("m2", nullptr)->Hide();
+    ASSERT_EQ(Screen(), "(m2) m3 o1 o2 m1");
+    const Gfx::Widgets::CWidget* const kept = Widgets().FindWidget("o1", nullptr).Get();
+
+    struct SCase
+    {
+        std::string main;
+        std::string screen;
+    };
+    for (const SCase& c : {SCase{Panel("m1") + Panel("m2", "width='9'") + Panel("m3"), "(m2) m3 o1 o2 m1"},
+                           // One more lies over the one that it follows, one fewer is gone.
+                           SCase{Panel("new") + Panel("m1") + Panel("m4") + Panel("m2"), "new (m2) o1 o2 m1 m4"},
+                           // What the file itself shows or hides goes before what was open.
+                           SCase{Panel("m1", "visible='False'") + Panel("m2"), "(m2) o1 o2 (m1)"}, SCase{"", "o1 o2"},
+                           SCase{Panel("m1"), "o1 o2 m1"}})
+    {
+        WriteLayouts(Layout("Main", c.main) + other);
+        EXPECT_TRUE(Reload().empty());
+        EXPECT_EQ(Screen(), c.screen);
+        EXPECT_EQ(Widgets().FindWidget("o1", nullptr).Get(), kept);
+        EXPECT_EQ(StaticSingleton<CLayoutManager>::ref().GetFlag("reload"), "kept");
+    }
+    // Neither one that the application has taken away, nor one that was never shown.
+    Widgets().DestroyWidget(Widgets().FindWidget("m1", nullptr).Get());
+    WriteLayouts(Layout("Main", Panel("m1", "width='7'")) + other + Layout("Unused", Panel("u", "width='7'")));
+    EXPECT_TRUE(Reload().empty());
+    EXPECT_EQ(Screen(), "o1 o2");
+    // A new configuration makes all of them anew.
+    s_data.Write("Configuration/GfxConfig.xml", "<Gfx><Value>5</Value></Gfx>");
+    EXPECT_TRUE(Reload().empty());
+    EXPECT_EQ(Screen(), "o1 o2");
+    EXPECT_NE(Widgets().FindWidget("o1", nullptr).Get(), kept);
+}
+
+TEST_F(ReloadTest, AFaultInALayoutFileLeavesAllLayouts)
+{
+    WriteLayouts(Layout("Good", Panel("g")));
+    EXPECT_TRUE(Reload().empty());
+    Apply("Good");
+    s_data.Write("Layouts/Bad.xml", "<Layouts>\n <Layout id='Good'>\n</Layouts>");
+    WriteLayouts("");
+    GfxTest::ExpectLog("Layouts/Bad.xml:3:");
+    const std::vector<std::string> errors = Reload();
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_NE(errors[0].find("Layouts/Bad.xml:3:"), std::string::npos);
+    EXPECT_EQ(Screen(), "g");
+    std::filesystem::remove(s_data.Path() + "Layouts/Bad.xml");
+}
+
+TEST_F(ReloadTest, AMessageBoxAnswersToTheElementThatHasPutItUp)
+{
+    const std::string click = "<Events><Click><ShowMessageBox btn1='Yes'><Button1><SetFlag id='answered' "
+                              "value='yes'/></Button1></ShowMessageBox></Click></Events></Panel>";
+    WriteLayouts(Layout("Ask", "<Panel id='a' x='0' y='0' width='50' height='50'>" + click));
+    EXPECT_TRUE(Reload().empty());
+    Apply("Ask");
+    Click(10, 10);
+    for (int width = 60; width < 64; ++width)
+    {
+        WriteLayouts(
+            Layout("Ask", "<Panel id='a' x='0' y='0' height='50' width='" + std::to_string(width) + "'>" + click));
+        EXPECT_TRUE(Reload().empty());
+    }
+    ASSERT_EQ(Screen(), "a WidgetMgrMessage");
+    const auto button = Widgets().FindWidget("WidgetMgrMessage:WindowPanel:MessageBoxBtn1", nullptr);
+    ASSERT_TRUE(button);
+    const Gfx::Common::CPoint corner = button->AbsoluteTopLeft();
+    Click(corner.X() + 5, corner.Y() + 5);
+    EXPECT_EQ(StaticSingleton<CLayoutManager>::ref().GetFlag("answered"), "yes");
 }
 
 } // namespace

@@ -30,6 +30,10 @@ bool CConfigManager::Reload(std::string& a_error)
         a_error = document.ErrorText();
         return false;
     }
+    if (document.RootNode()->HasSameContent(*RootNode()))
+    {
+        return true;
+    }
     XMLDocument::operator=(std::move(document));
     ++m_generation;
     m_values.clear();

@@ -136,7 +136,9 @@ bool CGfxManager::Reload(std::vector<std::string>& a_errors)
             a_errors.push_back(error);
         }
     };
-    reload(StaticSingleton<CConfigManager>::ref());
+    CConfigManager& config = StaticSingleton<CConfigManager>::ref();
+    const auto generation = config.Generation();
+    reload(config);
     reload(StaticSingleton<CThemeManager>::ref());
     reload(StaticSingleton<CTextureManager>::ref());
     StaticSingleton<CWidgetManager>::ref().UpdateStyle();
@@ -144,6 +146,12 @@ bool CGfxManager::Reload(std::vector<std::string>& a_errors)
     if (!localisation.SetLanguage(localisation.Language()))
     {
         a_errors.push_back("the texts of language " + localisation.Language());
+    }
+    std::vector<std::string> layoutErrors;
+    // Widgets read the configuration as they are made.
+    if (!StaticSingleton<CLayoutManager>::ref().Reload(layoutErrors, config.Generation() != generation))
+    {
+        a_errors.insert(a_errors.end(), layoutErrors.begin(), layoutErrors.end());
     }
     return a_errors.empty();
 }

@@ -58,40 +58,55 @@ CLayoutManager::CLayoutManager()
 void CLayoutManager::Initialise(const std::string& a_dataPath)
 {
     m_directory = a_dataPath + "Layouts/";
+    ReadDirectory(m_rawLayouts, nullptr);
+}
+
+bool CLayoutManager::ReadDirectory(std::map<std::string, XMLNode>& a_layouts, std::vector<std::string>* a_errors) const
+{
     DIR* const directory = opendir(m_directory.c_str());
-    if (directory == nullptr)
-    {
-        return;
-    }
-    while (const dirent* entry = readdir(directory))
+    bool isWhole = true;
+    while (const dirent* entry = directory != nullptr ? readdir(directory) : nullptr)
     {
         if (IsLayoutFile(entry->d_name))
         {
-            ParseLayoutFile(m_directory + entry->d_name);
+            isWhole = ReadFile(m_directory + entry->d_name, a_layouts, a_errors) && isWhole;
         }
     }
-    closedir(directory);
+    if (directory != nullptr)
+    {
+        closedir(directory);
+    }
+    return isWhole;
 }
 
 void CLayoutManager::ParseLayoutFile(const std::string& a_path)
 {
+    ReadFile(a_path, m_rawLayouts, nullptr);
+}
+
+bool CLayoutManager::ReadFile(const std::string& a_path, std::map<std::string, XMLNode>& a_layouts,
+                              std::vector<std::string>* a_errors)
+{
     Core::IO::XMLDocument document;
     if (!document.Parse(a_path))
     {
-        return;
-    }
-    const XMLNode* const layouts = document.Section("Layouts");
-    if (layouts == nullptr)
-    {
-        return;
-    }
-    for (const XMLNode& child : layouts->Children())
-    {
-        if (child.Name() == "Layout")
+        if (a_errors != nullptr)
         {
-            m_rawLayouts[child.Attribute("id", "")] = child;
+            a_errors->push_back(document.ErrorText());
+        }
+        return false;
+    }
+    if (const XMLNode* const layouts = document.Section("Layouts"))
+    {
+        for (const XMLNode& child : layouts->Children())
+        {
+            if (child.Name() == "Layout")
+            {
+                a_layouts[child.Attribute("id", "")] = child;
+            }
         }
     }
+    return true;
 }
 
 void CLayoutManager::ParseLayoutNode(const XMLNode& a_layout)
@@ -151,6 +166,7 @@ void CLayoutManager::ApplyLayout(const std::string& a_id)
         ReportUnknown(a_id);
         return;
     }
+    m_appliedLayouts.insert(a_id);
     // What becomes visible may run actions.
     const Elements elements = *found;
     for (const Layout::CElement::ElementPtr& element : elements)

@@ -11,6 +11,7 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,14 @@ public:
     /// A layout's widgets, for the caller to put somewhere; empty if there is no such layout.
     [[nodiscard]] std::list<WidgetPtr> RetrieveLayout(const std::string& a_id);
 
+    /// Reads the directory again, for those who write it. Layouts that have changed, or all of them with a_remake, are
+    /// made anew; what was shown of them is shown in the same place, with its state lost but for the visibility of
+    /// top-level widgets, and their former widgets are destroyed. Flags and all other layouts stay. If a file can't be
+    /// read, a_errors gets a line for each that says where the fault is, everything stays, and the answer is false.
+    ///
+    /// Not for handlers and actions to call. Pointers to widgets within a former layout must not be kept.
+    [[nodiscard]] bool Reload(std::vector<std::string>& a_errors, bool a_remake);
+
     /// Makes an element within another one. For elements.
     bool ProcessChild(Layout::CElement* a_parent, const Core::IO::XMLNode& a_node);
 
@@ -89,6 +98,15 @@ public:
 private:
     using Elements = std::vector<Layout::CElement::ElementPtr>;
 
+    /// Adds the layouts of a file, or of all files, to a table; false, with a line of why, for what is no XML.
+    static bool ReadFile(const std::string& a_path, std::map<std::string, Core::IO::XMLNode>& a_layouts,
+                         std::vector<std::string>* a_errors);
+    bool ReadDirectory(std::map<std::string, Core::IO::XMLNode>& a_layouts, std::vector<std::string>* a_errors) const;
+
+    /// Replaces what is shown of a layout that has changed.
+    void Remake(const Core::IO::XMLNode& a_before, const Elements& a_elements);
+    void ReleaseFormerElements();
+
     /// The elements of a layout, made now if they have not been; null if there is no such layout.
     const Elements* FindOrParse(const std::string& a_id, bool a_report);
     [[nodiscard]] ElementConstructor::Signature* FindConstructor(const std::string& a_type) const;
@@ -99,6 +117,9 @@ private:
     /// The toolkit's own among them.
     std::vector<std::unique_ptr<ElementConstructor::Signature>> m_standardConstructors;
     std::map<std::string, Elements> m_parsedLayouts;
+    std::set<std::string> m_appliedLayouts;
+    /// Those of replaced layouts, which something may still call.
+    std::vector<Elements> m_formerElements;
     std::map<std::string, NotificationHandler*> m_notificationHandlers;
     std::map<std::string, std::string> m_flags;
 };

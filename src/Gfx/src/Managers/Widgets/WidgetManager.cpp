@@ -386,6 +386,11 @@ std::vector<std::string> CWidgetManager::VisibleWidgetNames() const
     return names;
 }
 
+std::vector<CWidgetManager::WidgetPtr> CWidgetManager::TopLevelWidgets() const
+{
+    return {m_widgets.Widgets().begin(), m_widgets.Widgets().end()};
+}
+
 void CWidgetManager::SetKeyboardEventCallback(KeyboardEventCallback* a_callback)
 {
     if (a_callback != m_keyboardEventCallback.Get())

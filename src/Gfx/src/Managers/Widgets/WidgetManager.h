@@ -86,6 +86,9 @@ public:
 
     [[nodiscard]] std::vector<std::string> VisibleWidgetNames() const;
 
+    /// Those on the stage itself, the topmost last.
+    [[nodiscard]] std::vector<WidgetPtr> TopLevelWidgets() const;
+
     /// Shows a modal box with a message and up to three buttons, those whose captions aren't empty, in the middle of
     /// the display. a_handler, which stays the caller's, gets the number of the button that closes the box, from 1;
     /// null for none. The box is the manager's, and gone with that click; null if it couldn't be shown. Boxes lie on
