@@ -42,6 +42,7 @@
 #include "Layout/Element.h"
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"
+#include "Layout/LayoutCheck.h"
 #include "Layout/PanelElement.h"
 #include "Layout/ProgressBarElement.h"
 #include "Layout/RadioGroupElement.h"

@@ -82,6 +82,18 @@ std::vector<SAttributeInfo> CButtonElement::Attributes() const
     return list;
 }
 
+std::vector<SNodeInfo> CButtonElement::Nodes() const
+{
+    SNodeInfo set{"TextureSet", "the texture elements of a named look; without all three it is left out"};
+    set.attributes.push_back({"id", "text", "", "the name; required"});
+    for (const char* state : {"Inactive", "Hover", "Active"})
+    {
+        set.nodes.push_back({state, "a texture element"});
+        set.nodes.back().hasText = true;
+    }
+    return {FontNode(), set};
+}
+
 Core::SharedPtr<Widgets::CButton> CButtonElement::CreateWidget(const XMLNode& a_node)
 {
     return Core::SharedPtr<Widgets::CButton>(

@@ -22,6 +22,7 @@ class GFX_API CButtonElement : public CElement
 public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
+    [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
 
     /// A new button, which is then the element's widget.
     virtual Core::SharedPtr<Widgets::CButton> CreateWidget(const Core::IO::XMLNode& a_node);

@@ -148,6 +148,25 @@ std::vector<SEventInfo> CElement::Events() const
     return {s_events.begin(), s_events.end()};
 }
 
+SNodeInfo CElement::Describe(const std::string& a_word, const std::string& a_description) const
+{
+    return {a_word, a_description, Attributes(), Events(), Nodes(), false, TakesElements()};
+}
+
+SNodeInfo CElement::FontNode()
+{
+    const auto value = [](const char* a_name, const char* a_description)
+    {
+        SNodeInfo node{a_name, a_description};
+        node.hasText = true;
+        return node;
+    };
+    SNodeInfo font{"Font", "changes the font that theme and configuration give"};
+    font.nodes = {value("Name", "the family"), value("Size", "in pixels"), value("Colour", "of the text"),
+                  value("Alignment", "words such as Left, Centre and Middle")};
+    return font;
+}
+
 std::vector<SActionInfo> CElement::ActionWords()
 {
     std::vector<SActionInfo> list;

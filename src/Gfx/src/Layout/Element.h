@@ -33,6 +33,20 @@ struct SActionInfo
     std::vector<SAttributeInfo> attributes;
 };
 
+/// A node within an element, or an element itself, in a list of them.
+struct SNodeInfo
+{
+    std::string name;
+    std::string description;
+    std::vector<SAttributeInfo> attributes = {};
+    std::vector<SEventInfo> events = {};
+    std::vector<SNodeInfo> nodes = {};
+    /// Whether its content is a text.
+    bool hasText = false;
+    /// Whether elements can stand in it.
+    bool takesElements = false;
+};
+
 /// What makes one widget of one node of a layout file, and wires the widget's events to lists of actions. It lives as
 /// long as its layout, since the widget calls back into it.
 ///
@@ -96,6 +110,13 @@ public:
     [[nodiscard]] virtual std::vector<SAttributeInfo> Attributes() const;
     [[nodiscard]] virtual std::vector<SEventInfo> Events() const;
 
+    /// What may stand in it beside events and other elements, which TakesElements tells of.
+    [[nodiscard]] virtual std::vector<SNodeInfo> Nodes() const { return {}; }
+    [[nodiscard]] virtual bool TakesElements() const { return false; }
+
+    /// All of that.
+    [[nodiscard]] SNodeInfo Describe(const std::string& a_word, const std::string& a_description) const;
+
     /// The words of the actions, in the order in which they are looked for.
     [[nodiscard]] static std::vector<SActionInfo> ActionWords();
 
@@ -133,6 +154,9 @@ protected:
     [[nodiscard]] bool Visible() const { return m_common.visible; }
     [[nodiscard]] bool Enabled() const { return m_common.enabled; }
     [[nodiscard]] int Opacity() const { return m_common.opacity; }
+
+    /// Of the elements with a text.
+    [[nodiscard]] static SNodeInfo FontNode();
 
     /// The text of a "style" attribute that asks for the raised look.
     static constexpr const char* k_raisedStyle = "Up";

@@ -90,4 +90,10 @@ CElement* CRadioGroupElement::Process(CElement* a_parent, const XMLNode& a_node)
     return this;
 }
 
+std::vector<SNodeInfo> CRadioGroupElement::Nodes() const
+{
+    return {
+        CRadioButtonElement().Describe("RadioButton", "one of the group's buttons, placed in the group's container")};
+}
+
 } // namespace Gfx::Layout

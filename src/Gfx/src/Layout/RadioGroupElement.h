@@ -21,6 +21,7 @@ class GFX_API CRadioButtonElement : public CElement
 public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
+    [[nodiscard]] std::vector<SNodeInfo> Nodes() const override { return {FontNode()}; }
 };
 
 /// "RadioGroup", within a container: a Widgets::CRadioGroup of its "RadioButton" children, whose places are relative to
@@ -34,6 +35,7 @@ public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override { return {}; }
     [[nodiscard]] std::vector<SEventInfo> Events() const override { return {}; }
+    [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
 
 private:
     Core::SharedPtr<Widgets::CRadioGroup> m_group;

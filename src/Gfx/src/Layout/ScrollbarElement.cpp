@@ -83,6 +83,18 @@ std::vector<SEventInfo> CScrollbarElement::Events() const
     return list;
 }
 
+std::vector<SNodeInfo> CScrollbarElement::Nodes() const
+{
+    SNodeInfo set{"TextureSet", "other texture elements than those of the theme"};
+    for (const char* part :
+         {"Bar", "SliderInactive", "SliderActive", "StepperInactive", "StepperActive", "Stepper1", "Stepper2"})
+    {
+        set.nodes.push_back({part, "a texture element"});
+        set.nodes.back().hasText = true;
+    }
+    return {set};
+}
+
 void CScrollbarElement::ProcessEvents(Widgets::CScrollBar& a_bar, const XMLNode& a_events)
 {
     using Scroll = Core::Functor<void, Widgets::CWidget*, int>;

@@ -22,6 +22,7 @@ public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
+    [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
 
     /// For the widget.
     void ScrollHandler(Widgets::CWidget* a_widget, int a_current);

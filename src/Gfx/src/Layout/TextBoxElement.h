@@ -14,6 +14,7 @@ class GFX_API CTextBoxElement : public CElement
 public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
+    [[nodiscard]] std::vector<SNodeInfo> Nodes() const override { return {FontNode()}; }
 };
 
 } // namespace Gfx::Layout

@@ -14,6 +14,7 @@ class GFX_API CWindowElement : public CElement
 public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
+    [[nodiscard]] bool TakesElements() const override { return true; }
 };
 
 } // namespace Gfx::Layout

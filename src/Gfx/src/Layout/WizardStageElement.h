@@ -21,6 +21,7 @@ public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
+    [[nodiscard]] bool TakesElements() const override { return true; }
 
     /// For the widget.
     void EnterHandler(Widgets::CWidget* a_widget);

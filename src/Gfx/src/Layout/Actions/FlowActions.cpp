@@ -6,6 +6,7 @@
 #include "Layout/Element.h"
 #include "Managers/Layout/LayoutManager.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <utility>
@@ -68,19 +69,13 @@ constexpr std::array s_words{
     std::pair{">=", ecGreaterOrEqual},
 };
 
+/// ecUnknown for what is no operator.
 int ComparisonOf(const std::string& a_word)
 {
     const std::string lower = Core::Utilities::StringToLower(a_word);
-    for (const auto& [word, comparison] : s_words)
-    {
-        if (lower == word)
-        {
-            return comparison;
-        }
-    }
-    StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CCondition",
-                                                       "Unknown condition type %s", a_word);
-    return ecUnknown;
+    const auto found = std::find_if(s_words.begin(), s_words.end(),
+                                    [&lower](const auto& a_entry) { return lower == a_entry.first; });
+    return found != s_words.end() ? found->second : ecUnknown;
 }
 
 /// As texts for equality, by their leading numbers for order.
@@ -115,6 +110,16 @@ bool CStop::Execute(CElement&)
 CCondition::CCondition(const SValues& a_values, ActionList a_actions)
     : m_type(ComparisonOf(a_values.type)), m_lhs(a_values.lhs), m_rhs(a_values.rhs), m_actions(std::move(a_actions))
 {
+    if (m_type == ecUnknown)
+    {
+        StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "CCondition",
+                                                           "Unknown condition type %s", a_values.type);
+    }
+}
+
+bool CCondition::IsOperator(const std::string& a_word)
+{
+    return ComparisonOf(a_word) != ecUnknown;
 }
 
 CCondition::SValues CCondition::Read(const Core::IO::XMLNode& a_node)

@@ -30,6 +30,9 @@ public:
     /// An operator word that isn't known is logged, and makes the condition do nothing.
     CCondition(const SValues& a_values, ActionList a_actions);
 
+    /// Whether a_word is one of the operators, in whatever case.
+    [[nodiscard]] static bool IsOperator(const std::string& a_word);
+
     [[nodiscard]] static SValues Read(const Core::IO::XMLNode& a_node);
     static void Describe(std::vector<SAttributeInfo>& a_list);
 

@@ -151,6 +151,7 @@ Layout::CElement* ElementBuilder(Layout::CElement* a_parent, const Core::IO::XML
 struct SStandardElement
 {
     const char* type;
+    const char* description;
     Layout::CElement* (*build)(Layout::CElement* a_parent, const Core::IO::XMLNode& a_node);
     /// An element that nothing was read into, to ask for its attributes and events.
     std::unique_ptr<Layout::CElement> (*make)();

@@ -20,9 +20,9 @@ namespace
 {
 
 template <typename T>
-SStandardElement Standard(const char* a_type)
+SStandardElement Standard(const char* a_type, const char* a_description)
 {
-    return {a_type, &ElementBuilder<T>, [] { return std::unique_ptr<Layout::CElement>(new T); }};
+    return {a_type, a_description, &ElementBuilder<T>, [] { return std::unique_ptr<Layout::CElement>(new T); }};
 }
 
 } // namespace
@@ -31,17 +31,17 @@ const std::vector<SStandardElement>& StandardElements()
 {
     using namespace Gfx::Layout;
     static const std::vector<SStandardElement> s_elements{
-        Standard<CButtonElement>("Button"),
-        Standard<CCheckboxElement>("CheckBox"),
-        Standard<CImageElement>("Image"),
-        Standard<CLabelElement>("Label"),
-        Standard<CPanelElement>("Panel"),
-        Standard<CProgressBarElement>("ProgressBar"),
-        Standard<CRadioGroupElement>("RadioGroup"),
-        Standard<CScrollbarElement>("Scrollbar"),
-        Standard<CTextBoxElement>("TextBox"),
-        Standard<CWindowElement>("Window"),
-        Standard<CWizardStageElement>("WizardStage"),
+        Standard<CButtonElement>("Button", "a button with a text, an image or both"),
+        Standard<CCheckboxElement>("CheckBox", "a box to tick, with a text beside it"),
+        Standard<CImageElement>("Image", "a picture: a texture element, or a file"),
+        Standard<CLabelElement>("Label", "a text, with or without a background"),
+        Standard<CPanelElement>("Panel", "a container whose content may scroll"),
+        Standard<CProgressBarElement>("ProgressBar", "a bar that fills"),
+        Standard<CRadioGroupElement>("RadioGroup", "radio buttons of which one is on; for containers"),
+        Standard<CScrollbarElement>("Scrollbar", "a slider between two steppers"),
+        Standard<CTextBoxElement>("TextBox", "a long text that scrolls"),
+        Standard<CWindowElement>("Window", "a container with a title bar that can be dragged"),
+        Standard<CWizardStageElement>("WizardStage", "a page of a wizard"),
     };
     return s_elements;
 }

@@ -129,4 +129,14 @@ void CThemeManager::SetTheme(const std::string& a_id)
     }
 }
 
+std::vector<std::string> CThemeManager::ThemeIds() const
+{
+    std::vector<std::string> ids;
+    for (const auto& [id, elements] : m_themes)
+    {
+        ids.push_back(id);
+    }
+    return ids;
+}
+
 } // namespace Gfx::Managers

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace Gfx::Managers
 {
@@ -45,6 +46,9 @@ public:
     void SetTheme(const std::string& a_id);
 
     [[nodiscard]] const std::string& GetTheme() const { return m_currentTheme; }
+
+    /// All themes' names, sorted.
+    [[nodiscard]] std::vector<std::string> ThemeIds() const;
 
 private:
     using ElementMap = std::map<std::string, std::string>;
