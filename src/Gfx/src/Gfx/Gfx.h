@@ -78,3 +78,4 @@
 #include "Widgets/EnhancedGroup.h"
 #include "Widgets/Property.h"
 #include "Widgets/Widget.h"
+#include "Widgets/WidgetStatus.h"

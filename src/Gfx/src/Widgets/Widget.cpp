@@ -735,6 +735,20 @@ const std::map<std::string, std::string>& CWidget::GetCustomInfo()
     return m_customInfo;
 }
 
+std::string CWidget::GetWidgetInfo()
+{
+    // An UpdateCustomInfo on the way may destroy this widget.
+    const WidgetPtr self = Self();
+    return UpdatedStatus().GetFileContents();
+}
+
+const CWidgetStatus& CWidget::UpdatedStatus()
+{
+    m_status.UpdateStatus(GetName(), m_type, m_topLeft.X(), m_topLeft.Y(), m_width, m_height, m_visible, m_enabled,
+                          m_selected, this);
+    return m_status;
+}
+
 CWidget::WidgetPtr CWidget::Self() const
 {
     return (m_parent != nullptr ? m_parent->m_children : WidgetManager().m_widgets).Find(this);

@@ -10,6 +10,7 @@
 #include "Gfx/Common/Point.h"
 #include "Widgets/Property.h"
 #include "Widgets/WidgetList.h"
+#include "Widgets/WidgetStatus.h"
 
 #include <list>
 #include <map>
@@ -245,6 +246,13 @@ public:
     /// What the status dump shows beside the common values: all plain properties, and the control's own values.
     const std::map<std::string, std::string>& GetCustomInfo();
 
+    /// Brings the status dump of the widget, and with it those of its visible descendants, up to date; returns its
+    /// text.
+    std::string GetWidgetInfo();
+
+    /// The status dump as GetWidgetInfo() has left it, to be written to a file.
+    [[nodiscard]] CWidgetStatus& Status() { return m_status; }
+
     void SetVisibilityChangedEventHandler(VetoableToggleHandler* a_handler) { m_visibilityChangedHandler = a_handler; }
     void SetEnabledChangedEventHandler(VetoableToggleHandler* a_handler) { m_enabledChangedHandler = a_handler; }
     void SetSelectedChangedEventHandler(ToggleHandler* a_handler) { m_selectedChangedHandler = a_handler; }
@@ -293,8 +301,10 @@ protected:
 
 private:
     friend class Managers::CWidgetManager;
+    friend class CWidgetStatus;
     friend class detail::CHitTest;
 
+    const CWidgetStatus& UpdatedStatus();
     void DestroyFoundChild(const WidgetPtr& a_child);
     void Adopt(const WidgetPtr& a_child);
     void Orphan(CWidget& a_child);
@@ -336,6 +346,7 @@ private:
     ClickHandler* m_clickHandler = nullptr;
     MouseHandler* m_mouseHandler = nullptr;
 
+    CWidgetStatus m_status;
     std::string m_name;
     std::string m_type;
     std::map<std::string, std::string> m_customInfo;
