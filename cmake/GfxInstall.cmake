@@ -1,5 +1,5 @@
 # What `cmake --install` puts where: the library, its headers, and the two ways to find them (a CMake package and a
-# pkg-config file), in the components runtime, dev and demo.
+# pkg-config file), in the components runtime, dev, tools and demo.
 if(NOT GFX_INSTALL)
     return()
 endif()
@@ -31,9 +31,11 @@ cmake_path(RELATIVE_PATH prefix BASE_DIRECTORY "${prefixFromPkgConfig}" OUTPUT_V
 configure_file("${PROJECT_SOURCE_DIR}/cmake/gfx.pc.in" "${PROJECT_BINARY_DIR}/${apiName}.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/${apiName}.pc" DESTINATION "${pkgConfigDir}" COMPONENT dev)
 
-if(TARGET gfx-demo)
-    set(libraryFromDemo "${CMAKE_INSTALL_LIBDIR}")
-    cmake_path(RELATIVE_PATH libraryFromDemo BASE_DIRECTORY "${CMAKE_INSTALL_BINDIR}")
-    set_target_properties(gfx-demo PROPERTIES INSTALL_RPATH "$ORIGIN/${libraryFromDemo}")
+set(libraryFromPrograms "${CMAKE_INSTALL_LIBDIR}")
+cmake_path(RELATIVE_PATH libraryFromPrograms BASE_DIRECTORY "${CMAKE_INSTALL_BINDIR}")
+if(GFX_BUILD_TOOLS)
+    set_target_properties(gfx-demo gfx-tool PROPERTIES INSTALL_RPATH "$ORIGIN/${libraryFromPrograms}")
     install(TARGETS gfx-demo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT demo)
+    install(TARGETS gfx-tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+    install(FILES "${PROJECT_SOURCE_DIR}/docs/gfx.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
 endif()

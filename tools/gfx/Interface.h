@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Options.h"
+
+#include <string>
+#include <vector>
+
+namespace Tool
+{
+
+/// Brings the toolkit up on a data directory, with the theme and language that the options name; false, with a line of
+/// why, if that can't be done. "all" isn't a name here. May be called once.
+[[nodiscard]] bool StartInterface(const SOptions& a_options);
+
+/// Reports a layout that isn't there.
+[[nodiscard]] bool HasLayout(const std::string& a_id, const std::string& a_directory);
+
+/// "Main" if the options name no layout.
+[[nodiscard]] std::vector<std::string> WantedLayouts(const SOptions& a_options);
+
+/// All languages, the base language included.
+[[nodiscard]] std::vector<std::string> AllLanguages();
+
+/// Prints one line for each; how many they are.
+std::size_t Print(const std::vector<std::string>& a_findings);
+
+} // namespace Tool

@@ -1,0 +1,143 @@
+#include "Options.h"
+
+#include <glib.h>
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <memory>
+
+namespace Tool
+{
+
+namespace
+{
+
+constexpr int k_longestSide = 4096;
+
+/// "800x480".
+bool ReadSize(const std::string& a_text, int& a_width, int& a_height)
+{
+    const char* const end = a_text.data() + a_text.size();
+    const auto width = std::from_chars(a_text.data(), end, a_width);
+    if (width.ec != std::errc() || width.ptr == end || *width.ptr != 'x')
+    {
+        return false;
+    }
+    const auto height = std::from_chars(width.ptr + 1, end, a_height);
+    return height.ec == std::errc() && height.ptr == end && a_width > 0 && a_width <= k_longestSide && a_height > 0 &&
+           a_height <= k_longestSide;
+}
+
+int Fail(const SCommand& a_command, const std::string& a_message)
+{
+    std::fprintf(stderr, "gfx %s: %s\nTry 'gfx %s --help'.\n", a_command.name, a_message.c_str(), a_command.name);
+    return eeUsage;
+}
+
+/// The text that GLib has put there, which is freed.
+std::string Take(char*& a_text)
+{
+    const std::unique_ptr<char, decltype(&g_free)> owner(a_text, g_free);
+    return a_text != nullptr ? a_text : "";
+}
+
+} // namespace
+
+bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments, SOptions& a_options, int& a_exit)
+{
+    char** layouts = nullptr;
+    char* theme = nullptr;
+    char* language = nullptr;
+    char* size = nullptr;
+    char* output = nullptr;
+    gboolean verbose = FALSE;
+    std::vector<GOptionEntry> entries;
+    if ((a_command.options & eoLayout) != 0)
+    {
+        entries.push_back({"layout", 'l', 0, G_OPTION_ARG_STRING_ARRAY, &layouts,
+                           "a layout, Main if none is given; may be repeated", "ID"});
+    }
+    if ((a_command.options & eoStyle) != 0)
+    {
+        entries.push_back({"theme", 't', 0, G_OPTION_ARG_STRING, &theme, "in place of the default theme", "ID"});
+        entries.push_back(
+            {"language", 'L', 0, G_OPTION_ARG_STRING, &language, "in place of the environment's", "LANGUAGE"});
+        entries.push_back(
+            {"size", 's', 0, G_OPTION_ARG_STRING, &size, "of the stage in pixels, 800x480 if not given", "WxH"});
+    }
+    if ((a_command.options & eoOutput) != 0)
+    {
+        entries.push_back({"output", 'o', 0, G_OPTION_ARG_FILENAME, &output, "the folder to write to", "OUT"});
+    }
+    entries.push_back({"verbose", 'v', 0, G_OPTION_ARG_NONE, &verbose, "shows the toolkit's log", nullptr});
+    entries.push_back({nullptr, 0, 0, G_OPTION_ARG_NONE, nullptr, nullptr, nullptr});
+
+    const std::unique_ptr<GOptionContext, decltype(&g_option_context_free)> context(g_option_context_new("DIR"),
+                                                                                    g_option_context_free);
+    g_option_context_set_summary(context.get(), a_command.description);
+    g_option_context_add_main_entries(context.get(), entries.data(), nullptr);
+    g_option_context_set_help_enabled(context.get(), FALSE);
+
+    std::vector<char*> pointers;
+    const std::string program = std::string("gfx ") + a_command.name;
+    g_set_prgname(program.c_str());
+    pointers.push_back(const_cast<char*>(program.c_str()));
+    bool help = false;
+    for (std::string& argument : a_arguments)
+    {
+        help = help || argument == "--help" || argument == "-h";
+        pointers.push_back(argument.data());
+    }
+    if (help)
+    {
+        char* text = g_option_context_get_help(context.get(), TRUE, nullptr);
+        std::fputs(Take(text).c_str(), stdout);
+        a_exit = eeSuccess;
+        return false;
+    }
+    pointers.push_back(nullptr);
+    int count = static_cast<int>(pointers.size()) - 1;
+    char** arguments = pointers.data();
+    GError* error = nullptr;
+    const bool parsed = g_option_context_parse(context.get(), &count, &arguments, &error) == TRUE;
+    for (char** layout = layouts; layout != nullptr && *layout != nullptr; ++layout)
+    {
+        a_options.layouts.emplace_back(*layout);
+    }
+    g_strfreev(layouts);
+    a_options.theme = Take(theme);
+    a_options.language = Take(language);
+    a_options.output = Take(output);
+    a_options.verbose = verbose == TRUE;
+    const std::string sizeText = Take(size);
+    if (!parsed)
+    {
+        a_exit = Fail(a_command, error->message);
+        g_error_free(error);
+        return false;
+    }
+    if (count != 2)
+    {
+        a_exit = Fail(a_command, count < 2 ? "which data directory?" : "one data directory at a time");
+        return false;
+    }
+    if (!sizeText.empty() && !ReadSize(sizeText, a_options.width, a_options.height))
+    {
+        a_exit = Fail(a_command, '"' + sizeText + "\" is no size such as 800x480");
+        return false;
+    }
+    if ((a_command.options & eoOutput) != 0 && a_options.output.empty())
+    {
+        a_exit = Fail(a_command, "which folder to write to? (--output)");
+        return false;
+    }
+    a_options.directory = arguments[1];
+    if (!a_options.directory.ends_with('/'))
+    {
+        a_options.directory += '/';
+    }
+    return true;
+}
+
+} // namespace Tool

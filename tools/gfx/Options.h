@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Tool
+{
+
+/// What a command line asks for.
+struct SOptions
+{
+    /// The data directory, with a separator at its end.
+    std::string directory;
+    std::vector<std::string> layouts;
+    std::string theme;
+    std::string language;
+    std::string output;
+    int width = 800;
+    int height = 480;
+    bool verbose = false;
+};
+
+/// Which options a command takes beside the data directory.
+enum EOptions : unsigned
+{
+    eoLayout = 1U << 0U,
+    eoStyle = 1U << 1U,
+    eoOutput = 1U << 2U,
+};
+
+/// Exit codes, for scripts.
+enum EExit
+{
+    eeSuccess = 0,
+    /// Something is wrong with the data, or couldn't be written.
+    eeFailure = 1,
+    eeUsage = 2,
+};
+
+struct SCommand
+{
+    const char* name;
+    const char* summary;
+    const char* description;
+    unsigned options;
+    int (*run)(const SOptions& a_options);
+};
+
+/// Reads the arguments that follow the command's name; --help is answered here. False, with the exit code, if the
+/// command is not to run.
+[[nodiscard]] bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments, SOptions& a_options,
+                               int& a_exit);
+
+} // namespace Tool
