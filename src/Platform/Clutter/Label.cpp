@@ -1,24 +1,17 @@
 #include "Platform/Clutter/Label.h"
 
 #include "Platform/Clutter/Actor.h"
+#include "Platform/Clutter/TextLayout.h"
 
 #include <cogl-pango/cogl-pango.h>
 
 #include <algorithm>
-#include <cmath>
-#include <memory>
 #include <string>
-#include <unordered_map>
 
 namespace
 {
 
-/// What a label takes, in whole pixels.
-struct SSize
-{
-    float width = 0;
-    float height = 0;
-};
+using SSize = Platform::STextExtents;
 
 struct SLabel
 {
@@ -66,43 +59,9 @@ struct ClutterLabelClass
 
 ClutterActorClass* s_parentClass = nullptr;
 
-/// Descriptions by name: to parse one takes longer than to lay a short text out. Bounded, since names come from files.
-const PangoFontDescription* FontDescription(const std::string& a_name)
-{
-    using DescriptionPtr = std::unique_ptr<PangoFontDescription, void (*)(PangoFontDescription*)>;
-    constexpr std::size_t most = 64;
-    static std::unordered_map<std::string, DescriptionPtr> s_known;
-    const auto known = s_known.find(a_name);
-    if (known != s_known.end())
-    {
-        return known->second.get();
-    }
-    if (s_known.size() == most)
-    {
-        s_known.clear();
-    }
-    return s_known
-        .emplace(a_name,
-                 DescriptionPtr(pango_font_description_from_string(a_name.c_str()), pango_font_description_free))
-        .first->second.get();
-}
-
-/// The text, cut and mended, as something that Pango can take.
-std::string Displayable(const std::string& a_text)
-{
-    std::string text = a_text.substr(0, std::min(a_text.find('\0'), k_longestLabelText));
-    if (g_utf8_validate(text.c_str(), static_cast<gssize>(text.size()), nullptr) == FALSE)
-    {
-        const std::unique_ptr<char, void (*)(void*)> valid(
-            g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size())), g_free);
-        text = valid.get();
-    }
-    return text;
-}
-
 void PutText(const SLabel& a_label)
 {
-    const std::string text = Displayable(a_label.text);
+    const std::string text = Platform::DisplayableText(a_label.text);
     char* plain = nullptr;
     PangoAttrList* attributes = nullptr;
     if (a_label.useMarkup && pango_parse_markup(text.c_str(), static_cast<int>(text.size()), 0, &attributes, &plain,
@@ -127,11 +86,9 @@ PangoLayout* Layout(ClutterLabel* a_actor, float a_width, float a_height)
     SLabel& label = *a_actor->label;
     if (label.layout == nullptr)
     {
-        // One context for all: the fonts and the resolution are the console's.
-        static PangoContext* const s_context = clutter_actor_create_pango_context(CLUTTER_ACTOR(a_actor));
-        label.layout = pango_layout_new(s_context);
+        label.layout = Platform::NewLayout(CLUTTER_ACTOR(a_actor));
         pango_layout_set_wrap(label.layout, PANGO_WRAP_WORD);
-        pango_layout_set_font_description(label.layout, FontDescription(label.font));
+        Platform::SetLayoutFont(label.layout, label.font);
         pango_layout_set_ellipsize(label.layout, label.ellipsize);
         pango_layout_set_alignment(label.layout, label.alignment);
         pango_layout_set_justify(label.layout, label.justify ? TRUE : FALSE);
@@ -148,21 +105,12 @@ PangoLayout* Layout(ClutterLabel* a_actor, float a_width, float a_height)
     return label.layout;
 }
 
-SSize Extents(PangoLayout* a_layout)
-{
-    PangoRectangle logical;
-    pango_layout_get_extents(a_layout, nullptr, &logical);
-    const auto pixels = [](int a_units) { return std::ceil(static_cast<float>(a_units) / PANGO_SCALE); };
-    // An actor without any width would never be painted, and so never be seen to change.
-    return {std::max(1.0F, pixels(logical.x + logical.width)), pixels(logical.y + logical.height)};
-}
-
 const SSize& NaturalSize(ClutterLabel* a_actor)
 {
     SLabel& label = *a_actor->label;
     if (!label.isMeasured)
     {
-        label.natural = Extents(Layout(a_actor, -1, -1));
+        label.natural = Platform::Extents(Layout(a_actor, -1, -1));
         label.isMeasured = true;
     }
     return label.natural;
@@ -178,7 +126,8 @@ void GetPreferredHeight(ClutterActor* a_actor, gfloat a_forWidth, gfloat* a_mini
     auto* const actor = CLUTTER_LABEL(a_actor);
     const SLabel& label = *actor->label;
     const bool dependsOnWidth = a_forWidth >= 0 && (label.wrap || label.ellipsize != PANGO_ELLIPSIZE_NONE);
-    Platform::ReturnLength(dependsOnWidth ? Extents(Layout(actor, a_forWidth, -1)).height : NaturalSize(actor).height,
+    Platform::ReturnLength(dependsOnWidth ? Platform::Extents(Layout(actor, a_forWidth, -1)).height
+                                          : NaturalSize(actor).height,
                            a_minimum, a_natural);
 }
 
@@ -206,7 +155,7 @@ void Paint(ClutterActor* a_actor)
     }
     SSize size;
     PangoLayout* const layout = AllocatedLayout(a_actor, size);
-    const SSize needed = Extents(layout);
+    const SSize needed = Platform::Extents(layout);
     const bool isLimited = label.wrap && label.ellipsize != PANGO_ELLIPSIZE_NONE;
     const bool isCut = !isLimited && (needed.width > size.width || needed.height > size.height);
     CoglFramebuffer* const framebuffer = cogl_get_draw_framebuffer();
@@ -214,11 +163,7 @@ void Paint(ClutterActor* a_actor)
     {
         cogl_framebuffer_push_rectangle_clip(framebuffer, 0, 0, size.width, size.height);
     }
-    CoglColor colour;
-    const int opacity = clutter_actor_get_paint_opacity(a_actor) * label.colour.alpha / 255;
-    cogl_color_init_from_4ub(&colour, label.colour.red, label.colour.green, label.colour.blue,
-                             static_cast<guint8>(opacity));
-    cogl_pango_show_layout(framebuffer, layout, 0, 0, &colour);
+    Platform::DrawLayout(a_actor, layout, 0, label.colour);
     if (isCut)
     {
         cogl_framebuffer_pop_clip(framebuffer);
@@ -333,8 +278,7 @@ void clutter_label_set_font_name(ClutterLabel* a_label, const char* a_font)
     if (a_label->label->font != a_font)
     {
         a_label->label->font = a_font;
-        Remeasure(a_label, [](const SLabel& a_state)
-                  { pango_layout_set_font_description(a_state.layout, FontDescription(a_state.font)); });
+        Remeasure(a_label, [](const SLabel& a_state) { Platform::SetLayoutFont(a_state.layout, a_state.font); });
     }
 }
 

@@ -7,13 +7,10 @@
 ///
 /// Its minimum size is its natural one, in whole pixels. Given less, it is cut. Text that isn't valid UTF-8 is shown
 /// with replacement characters, markup that can't be parsed as the text that it is, and of a text longer than
-/// k_longestLabelText bytes its beginning. A value that is set again costs nothing, and no frame. Read-only properties:
-/// "text", what is shown, and "color".
+/// Platform::k_longestText bytes its beginning. A value that is set again costs nothing, and no frame. Read-only
+/// properties: "text", what is shown, and "color".
 
 struct ClutterLabel;
-
-/// Beyond that Pango's units overflow, in a single line.
-constexpr std::size_t k_longestLabelText = std::size_t{64} << 10U;
 
 GType clutter_label_get_type();
 
