@@ -22,14 +22,6 @@ void CountFrame(ClutterStage*, gpointer)
     ++s_frames;
 }
 
-void WaitForFrame()
-{
-    for (const int before = s_frames; s_frames == before;)
-    {
-        g_main_context_iteration(nullptr, TRUE);
-    }
-}
-
 } // namespace
 
 CBlock::CBlock(const std::string& a_name, int a_x, int a_y, int a_width, int a_height)
@@ -62,6 +54,14 @@ void SetUpStage()
 Gfx::Managers::CWidgetManager& Widgets()
 {
     return StaticSingleton<Gfx::Managers::CWidgetManager>::ref();
+}
+
+void WaitForFrame()
+{
+    for (const int before = s_frames; s_frames == before;)
+    {
+        g_main_context_iteration(nullptr, TRUE);
+    }
 }
 
 void PaintStage()

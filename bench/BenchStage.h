@@ -33,6 +33,9 @@ void SetUpStage();
 
 Gfx::Managers::CWidgetManager& Widgets();
 
+/// Waits until the frame that is queued has been painted.
+void WaitForFrame();
+
 /// Makes the whole stage, or the widget's rectangle only, be painted, and waits until it is.
 void PaintStage();
 void PaintWidget(Gfx::Widgets::CWidget& a_widget);

@@ -87,6 +87,7 @@ CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
     AddProgress();
     AddScrolling();
     AddTexts();
+    AddFields();
     AddWindows();
     AddWizard();
     AddSwitches();
@@ -104,7 +105,7 @@ void CGallery::OnClick(CWidget& a_widget, std::function<void()> a_action)
 CPanel& CGallery::AddPage(const std::string& a_name)
 {
     const auto index = static_cast<int>(m_pages.size());
-    auto& button = AddButton(*m_screen, {12, 12 + index * 51, k_navigationWidth - 12, 46}, a_name);
+    auto& button = AddButton(*m_screen, {12, 12 + index * 46, k_navigationWidth - 12, 44}, a_name);
     button.SetTextures("ControlActive_Up", "ControlActive_Up", "ControlActive_Down", k_selected);
     OnClick(button, [this, index] { ShowPage(static_cast<std::size_t>(index)); });
     auto& panel = Add<CPanel>(*m_screen, a_name, k_pageArea.Left(), k_pageArea.Top(), k_pageArea.Width(),
@@ -282,6 +283,42 @@ void CGallery::AddTexts()
     auto& note = Add<CTextBox>(page, "note", 20, 276, 564, 100, false);
     note.ParseMarkup(true);
     note.Text("This one does <b>not</b> scroll, and parses <i>markup</i>.");
+}
+
+void CGallery::AddFields()
+{
+    CPanel& page = AddPage("Fields");
+    const auto place = [](int a_column, int a_row)
+    { return CAABB(a_column == 0 ? 20 : 180, 20 + a_row * 62, a_column == 0 ? 150 : 404, 48); };
+    const auto label = [&](int a_row, const char* a_text)
+    { AddLabel(page, place(0, a_row), a_text, Gfx::eaLeft | Gfx::eaMiddle); };
+    const auto field = [&](int a_row, bool a_password, const std::string& a_text) -> CEditBox&
+    {
+        const CAABB box = place(1, a_row);
+        return Add<CEditBox>(page, "field", box.Left(), box.Top(), box.Width(), box.Height(), a_password, a_text);
+    };
+    const auto fields = [&](int a_row, const std::vector<CNumericEditBox::SField>& a_fields, const std::string& a_keys)
+    {
+        const CAABB box = place(1, a_row);
+        auto& row = Add<CNumericEditBox>(page, "fields", box.Left(), box.Top(), box.Width(), box.Height(), a_fields);
+        for (const char key : a_keys)
+        {
+            row.KeyboardEvent(static_cast<unsigned char>(key));
+        }
+        return &row;
+    };
+    label(0, "Name");
+    field(0, false, "Glasshouse, \xE2\x82\xAC 20, \xC3\xA9t\xC3\xA9");
+    label(1, "In use");
+    field(1, false, "Typed at its end").LockActive(true);
+    label(2, "Password");
+    field(2, true, "tomatoes").PasswordCharacter(0x2022);
+    label(3, "Too long");
+    field(3, false, k_longText.substr(0, k_longText.find('.')));
+    label(4, "Address");
+    fields(4, {{".", 3}, {".", 3}, {".", 3}, {"", 3}}, "19216810.1");
+    label(5, "Time");
+    fields(5, {{":", 2}, {":", 2}, {"", 2}}, "123000")->UnHighlightActive();
 }
 
 void CGallery::AddWindows()

@@ -45,6 +45,7 @@ private:
     void AddProgress();
     void AddScrolling();
     void AddTexts();
+    void AddFields();
     void AddWindows();
     void AddWizard();
     void AddSwitches();

@@ -21,9 +21,11 @@ protected:
         std::vector<WidgetPtr> controls{
             WidgetPtr(new CButton("a", 0, 0, 50, 50, false)),
             WidgetPtr(new CCheckBox("a", 0, 0, 50, 50, "")),
+            WidgetPtr(new CEditBox("a", 0, 0, 50, 50, false, "")),
             WidgetPtr(new CImage("a", 0, 0, 50, 50, "Icon")),
             WidgetPtr(new CLabel("a", 0, 0, 50, 50, false, false, false, "", true)),
             WidgetPtr(new CMessageBox("a", 0, 0, 400, 300, "", "message", "Yes", "", "")),
+            WidgetPtr(new CNumericEditBox("a", 0, 0, 50, 50, {})),
             WidgetPtr(new CPanel("a", 0, 0, 50, 50, false, false)),
             WidgetPtr(new CProgressBar("a", 0, 0, 50, 50, 0, 10, 5, true)),
             WidgetPtr(new CRadioButton("a", 0, 0, 50, 50, "")),
@@ -48,6 +50,7 @@ protected:
             {"Disabled", "True"},   {"TextureSet", "Other"}, {"Checked", "True"},
             {"ReadOnly", "True"},   {"Minimum", "3"},        {"Maximum", "7"},
             {"Current", "6"},       {"Step", "2"},           {"Title", "new title"},
+            {"MaximumLength", "7"}, {"IsPassword", "True"},
         };
         const auto value = s_values.find(a_name);
         return value != s_values.end() ? value->second : "";
