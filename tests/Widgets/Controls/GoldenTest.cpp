@@ -173,6 +173,23 @@ TEST_P(GoldenTest, ContainersAndWindows)
     box->Close();
 }
 
+TEST_P(GoldenTest, Fields)
+{
+    auto& panel = Add<CPanel>(*m_screen, "panel", 20, 20, 760, 440, false, true);
+    Add<CEditBox>(panel, "field", 20, 20, 340, 48, false, "Plain");
+    Add<CEditBox>(panel, "field", 380, 20, 340, 48, false, "Active").LockActive(true);
+    Add<CEditBox>(panel, "field", 20, 80, 340, 48, true, "password");
+    Add<CEditBox>(panel, "field", 380, 80, 340, 48, false, "Too long to be shown whole, so this is its end");
+    Add<CEditBox>(panel, "field", 20, 140, 340, 80, false, "At the top");
+    Add<CEditBox>(panel, "field", 380, 140, 340, 30, false, "Too low");
+    auto& address = Add<CNumericEditBox>(panel, "address", 20, 240, 460, 48,
+                                         std::vector<CNumericEditBox::SField>{{".", 3}, {".", 3}, {".", 3}, {"", 3}});
+    address.Text("10.0.128.");
+    address.KeyboardEvent('7');
+    Add<CNumericEditBox>(panel, "single", 20, 300, 460, 48, std::vector<CNumericEditBox::SField>{}).Text("No fields");
+    ExpectPicture("Fields");
+}
+
 INSTANTIATE_TEST_SUITE_P(Themes, GoldenTest, testing::Values("Day", "Night", "Contrast"),
                          [](const testing::TestParamInfo<const char*>& a_info) { return std::string(a_info.param); });
 
