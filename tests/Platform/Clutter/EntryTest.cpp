@@ -216,6 +216,9 @@ TEST_F(EntryTest, ATextThatIsTooWideIsCutAndFollowsTheCursor)
     };
     EXPECT_EQ(Ink().Left(), 50);
     EXPECT_EQ(cursorColumn(), 148) << "at the end the text ends at the right edge";
+    clutter_entry_delete_chars(entry, 1);
+    EXPECT_EQ(cursorColumn(), 148) << "and leaves no gap when it becomes shorter";
+    clutter_entry_insert_unichar(entry, 'i');
     clutter_entry_set_cursor_position(entry, 20);
     const int beforeLast = cursorColumn();
     EXPECT_LT(beforeLast, 148) << "the text stays while the cursor is in sight";
