@@ -1,5 +1,6 @@
 #include "Gallery.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -15,9 +16,11 @@ namespace
 {
 
 constexpr CAABB k_pageArea{184, 68, 604, 400};
-constexpr int k_navigationWidth = 168;
+constexpr CAABB k_navigationArea{12, 12, 164, 456};
 constexpr const char* k_selected = "Selected";
 constexpr const char* k_localised = "Localised:";
+constexpr std::array k_icons{"Icon_Home", "Icon_Settings", "Icon_Bell",     "Icon_Play",  "Icon_Pause",   "Icon_Map",
+                             "Icon_Info", "Icon_Sun",      "Icon_Contrast", "Icon_Globe", "Icon_Warning", "Icon_Moon"};
 
 Gfx::Managers::CWidgetManager& Widgets()
 {
@@ -80,9 +83,13 @@ const std::string k_longText =
 CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
 {
     Widgets().AddWidget(m_screen);
+    AddNavigation();
+    m_navigation->Freeze();
     AddButtons();
     AddLabels();
     AddChoices();
+    AddLists();
+    AddGrid();
     AddImages();
     AddProgress();
     AddScrolling();
@@ -90,6 +97,7 @@ CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
     AddFields();
     AddWindows();
     AddWizard();
+    m_navigation->Thaw();
     AddSwitches();
     ShowPage(0);
 }
@@ -102,16 +110,35 @@ void CGallery::OnClick(CWidget& a_widget, std::function<void()> a_action)
     a_widget.SetClickEventHandler(m_clickHandlers.back().get());
 }
 
+template <typename ListT>
+void CGallery::OnSelection(ListT& a_list, std::function<void()> a_action)
+{
+    using Selection = Core::Functor<void, CWidget*>;
+    m_selectionHandlers.emplace_back(Selection::Make([action = std::move(a_action)](CWidget*) { action(); }));
+    a_list.SetSelectionChangedEventHandler(m_selectionHandlers.back().get());
+}
+
+void CGallery::AddNavigation()
+{
+    m_navigation = &Add<CListBox>(*m_screen, "navigation", k_navigationArea.Left(), k_navigationArea.Top(),
+                                  k_navigationArea.Width(), k_navigationArea.Height(), false);
+    OnSelection(*m_navigation,
+                [this]
+                {
+                    const auto page = std::find_if(m_pages.begin(), m_pages.end(),
+                                                   [name = m_navigation->SelectedItem()](const SPage& a_page)
+                                                   { return a_page.name == name; });
+                    ShowPage(static_cast<std::size_t>(page - m_pages.begin()));
+                });
+}
+
 CPanel& CGallery::AddPage(const std::string& a_name)
 {
-    const auto index = static_cast<int>(m_pages.size());
-    auto& button = AddButton(*m_screen, {12, 12 + index * 46, k_navigationWidth - 12, 44}, a_name);
-    button.SetTextures("ControlActive_Up", "ControlActive_Up", "ControlActive_Down", k_selected);
-    OnClick(button, [this, index] { ShowPage(static_cast<std::size_t>(index)); });
+    m_navigation->AddItem({a_name, k_localised + a_name}, true);
     auto& panel = Add<CPanel>(*m_screen, a_name, k_pageArea.Left(), k_pageArea.Top(), k_pageArea.Width(),
                               k_pageArea.Height(), false, true);
     panel.Hide();
-    m_pages.push_back({a_name, &panel, &button, nullptr});
+    m_pages.push_back({a_name, &panel, nullptr});
     return panel;
 }
 
@@ -120,8 +147,8 @@ void CGallery::ShowPage(std::size_t a_index)
     for (std::size_t i = 0; i < m_pages.size(); ++i)
     {
         m_pages[i].panel->SetShowHide(i == a_index);
-        m_pages[i].button->ChangeTextureSet(i == a_index ? k_selected : "Default");
     }
+    m_navigation->SelectItem(m_pages[a_index].name, true);
 }
 
 CWidget* CGallery::ShowExtra(std::size_t a_index)
@@ -212,6 +239,54 @@ void CGallery::AddChoices()
         m_radioGroup->Add(radio, m_radioGroup);
         x += 190;
     }
+}
+
+void CGallery::AddLists()
+{
+    CPanel& page = AddPage("Lists");
+    CLabel& selection = AddLabel(page, {20, 352, 564, 36}, "Nothing selected yet");
+    auto& zones = Add<CListBox>(page, "zones", 20, 16, 300, 328, false);
+    zones.Freeze();
+    for (int i = 1; i <= 1000; ++i)
+    {
+        zones.AddItem({"zone" + std::to_string(i), "Zone " + std::to_string(i)}, true);
+    }
+    zones.Thaw();
+    zones.SelectItem("zone3", false);
+    OnSelection(zones, [&zones, &selection] { selection.Text(zones.SelectedText()); });
+
+    auto& fitting = Add<CListBox>(page, "fitting", 332, 16, 152, 328, true);
+    fitting.ParseMarkup(true);
+    for (const char* text : {"<b>Bold</b>", "<i>Slanted</i>", "<u>Underlined</u>", "<small>Small</small>"})
+    {
+        fitting.AddItem({text, text}, true);
+    }
+    fitting.SelectItem("<b>Bold</b>,<i>Slanted</i>", false);
+    OnSelection(fitting, [&fitting, &selection] { selection.Text(std::to_string(fitting.SelectedItem().size())); });
+
+    auto& icons = Add<CListBox>(page, "icons", 496, 16, 88, 328, true);
+    for (const char* icon : k_icons)
+    {
+        icons.AddItem({icon, "", icon}, true);
+    }
+    icons.SelectItem("Icon_Bell", false);
+    OnSelection(icons, [&icons, &selection] { selection.Text(icons.SelectedItem()); });
+}
+
+void CGallery::AddGrid()
+{
+    CPanel& page = AddPage("Grid");
+    CLabel& selection = AddLabel(page, {20, 352, 564, 36}, "Nothing selected yet");
+    auto& grid = Add<CListGrid>(page, "grid", 20, 16, 564, 328, true);
+    grid.AddItem({"text", "", "Text only"});
+    grid.AddItem({"image", "Icon_Map", ""});
+    for (int i = 1; i <= 40; ++i)
+    {
+        const std::string number = std::to_string(i);
+        grid.AddItem({"zone" + number, k_icons[static_cast<std::size_t>(i) % k_icons.size()], "Zone " + number});
+    }
+    grid.SelectItem("image,zone2", false);
+    OnSelection(grid, [&grid, &selection] { selection.Text(grid.SelectedText()); });
 }
 
 void CGallery::AddImages()

@@ -33,14 +33,16 @@ private:
     {
         std::string name;
         Gfx::Widgets::CPanel* panel;
-        Gfx::Widgets::CButton* button;
         std::function<CWidget*()> extra;
     };
 
+    void AddNavigation();
     Gfx::Widgets::CPanel& AddPage(const std::string& a_name);
     void AddButtons();
     void AddLabels();
+    void AddLists();
     void AddChoices();
+    void AddGrid();
     void AddImages();
     void AddProgress();
     void AddScrolling();
@@ -53,9 +55,14 @@ private:
 
     void OnClick(CWidget& a_widget, std::function<void()> a_action);
 
+    template <typename ListT>
+    void OnSelection(ListT& a_list, std::function<void()> a_action);
+
     WidgetPtr m_screen;
+    Gfx::Widgets::CListBox* m_navigation = nullptr;
     std::vector<SPage> m_pages;
     std::list<std::unique_ptr<CWidget::ClickHandler>> m_clickHandlers;
+    std::list<std::unique_ptr<CWidget::NotifyHandler>> m_selectionHandlers;
     std::list<std::unique_ptr<Gfx::Widgets::CScrollBar::ScrollEventHandler>> m_scrollHandlers;
     std::unique_ptr<Gfx::Widgets::CMessageBox::OptionHandler> m_answer;
     std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;

@@ -66,6 +66,8 @@
 #include "Widgets/Controls/EditBox/EditBox.h"
 #include "Widgets/Controls/Image/Image.h"
 #include "Widgets/Controls/Label/Label.h"
+#include "Widgets/Controls/ListBox/ListBox.h"
+#include "Widgets/Controls/ListGrid/ListGrid.h"
 #include "Widgets/Controls/MessageBox/MessageBox.h"
 #include "Widgets/Controls/NumericEditBox/NumericEditBox.h"
 #include "Widgets/Controls/Panel/Panel.h"

@@ -8,7 +8,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <variant>
 
 namespace Gfx::Managers
@@ -26,6 +25,27 @@ struct SStyleKey
 
 constexpr int k_largestNumber = 1 << 24;
 
+namespace detail
+{
+
+template <typename StyleT>
+void ReadKey(const CConfigManager& a_config, const std::string& a_path, StyleT& a_style, int StyleT::*a_number)
+{
+    int& number = a_style.*a_number;
+    number = std::clamp(a_config.Get(a_path, number), -k_largestNumber, k_largestNumber);
+}
+
+/// Out of line: inlined for a style without any text, which never comes here, it has GCC 12 warn of bounds.
+template <typename StyleT>
+[[gnu::noinline]] void ReadKey(const CConfigManager& a_config, const std::string& a_path, StyleT& a_style,
+                               std::string StyleT::*a_text)
+{
+    std::string& text = a_style.*a_text;
+    text = a_config.Get(a_path, text);
+}
+
+} // namespace detail
+
 /// The style that a control's table of keys leads to; the paths begin behind a_prefix.
 template <typename StyleT, std::size_t Count>
 StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys, const std::string& a_prefix)
@@ -34,17 +54,8 @@ StyleT ReadStyle(const std::array<SStyleKey<StyleT>, Count>& a_keys, const std::
     StyleT style;
     for (const SStyleKey<StyleT>& key : a_keys)
     {
-        std::visit(
-            [&](auto a_member)
-            {
-                auto& value = style.*a_member;
-                value = config.Get(a_prefix + std::string(key.path), value);
-                if constexpr (std::is_same_v<decltype(value), int&>)
-                {
-                    value = std::clamp(value, -k_largestNumber, k_largestNumber);
-                }
-            },
-            key.member);
+        std::visit([&](auto a_member) { detail::ReadKey(config, a_prefix + std::string(key.path), style, a_member); },
+                   key.member);
     }
     return style;
 }
