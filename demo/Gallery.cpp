@@ -245,6 +245,7 @@ void CGallery::AddLists()
 {
     CPanel& page = AddPage("Lists");
     CLabel& selection = AddLabel(page, {20, 352, 564, 36}, "Nothing selected yet");
+    selection.ParseMarkup(true);
     auto& zones = Add<CListBox>(page, "zones", 20, 16, 300, 328, false);
     zones.Freeze();
     for (int i = 1; i <= 1000; ++i)
@@ -262,7 +263,7 @@ void CGallery::AddLists()
         fitting.AddItem({text, text}, true);
     }
     fitting.SelectItem("<b>Bold</b>,<i>Slanted</i>", false);
-    OnSelection(fitting, [&fitting, &selection] { selection.Text(std::to_string(fitting.SelectedItem().size())); });
+    OnSelection(fitting, [&fitting, &selection] { selection.Text(fitting.SelectedText()); });
 
     auto& icons = Add<CListBox>(page, "icons", 496, 16, 88, 328, true);
     for (const char* icon : k_icons)
