@@ -24,6 +24,8 @@ protected:
             WidgetPtr(new CEditBox("a", 0, 0, 50, 50, false, "")),
             WidgetPtr(new CImage("a", 0, 0, 50, 50, "Icon")),
             WidgetPtr(new CLabel("a", 0, 0, 50, 50, false, false, false, "", true)),
+            WidgetPtr(new CListBox("a", 0, 0, 50, 50, false)),
+            WidgetPtr(new CListGrid("a", 0, 0, 50, 50, false)),
             WidgetPtr(new CMessageBox("a", 0, 0, 400, 300, "", "message", "Yes", "", "")),
             WidgetPtr(new CNumericEditBox("a", 0, 0, 50, 50, {})),
             WidgetPtr(new CPanel("a", 0, 0, 50, 50, false, false)),
@@ -51,6 +53,7 @@ protected:
             {"ReadOnly", "True"},   {"Minimum", "3"},        {"Maximum", "7"},
             {"Current", "6"},       {"Step", "2"},           {"Title", "new title"},
             {"MaximumLength", "7"}, {"IsPassword", "True"},
+            {"SelectedItem", "b"},
         };
         const auto value = s_values.find(a_name);
         return value != s_values.end() ? value->second : "";
@@ -64,6 +67,14 @@ TEST_F(PropertiesTest, WhatIsSetIsReadBackAndNoNameComesTwice)
         if (auto* button = dynamic_cast<CButton*>(control.Get()))
         {
             button->SetTextures("Icon", "Icon", "Icon", "Other");
+        }
+        if (auto* list = dynamic_cast<CListBox*>(control.Get()))
+        {
+            list->AddItem({"b", ""}, true);
+        }
+        if (auto* grid = dynamic_cast<CListGrid*>(control.Get()))
+        {
+            grid->AddItem({"b", "", ""});
         }
         std::set<std::string> names;
         for (const SPropertyInfo& property : control->Properties())
