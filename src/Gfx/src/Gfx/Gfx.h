@@ -43,6 +43,8 @@
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"
 #include "Layout/LayoutCheck.h"
+#include "Layout/ListBoxElement.h"
+#include "Layout/ListGridElement.h"
 #include "Layout/PanelElement.h"
 #include "Layout/ProgressBarElement.h"
 #include "Layout/RadioGroupElement.h"

@@ -4,6 +4,8 @@
 #include "Layout/CheckboxElement.h"
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"
+#include "Layout/ListBoxElement.h"
+#include "Layout/ListGridElement.h"
 #include "Layout/PanelElement.h"
 #include "Layout/ProgressBarElement.h"
 #include "Layout/RadioGroupElement.h"
@@ -35,6 +37,8 @@ const std::vector<SStandardElement>& StandardElements()
         Standard<CCheckboxElement>("CheckBox", "a box to tick, with a text beside it"),
         Standard<CImageElement>("Image", "a picture: a texture element, or a file"),
         Standard<CLabelElement>("Label", "a text, with or without a background"),
+        Standard<CListBoxElement>("ListBox", "items to choose from, one below the other"),
+        Standard<CListGridElement>("ListGrid", "items to choose from, as tiles in rows"),
         Standard<CPanelElement>("Panel", "a container whose content may scroll"),
         Standard<CProgressBarElement>("ProgressBar", "a bar that fills"),
         Standard<CRadioGroupElement>("RadioGroup", "radio buttons of which one is on; for containers"),
