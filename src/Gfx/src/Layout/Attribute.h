@@ -57,11 +57,12 @@ struct SAttributeInfo
 namespace detail
 {
 
-/// Out of line: inlined for values without any text, which never come here, it has GCC 12 warn of bounds.
-template <typename ValuesT>
-[[gnu::noinline]] void Assign(ValuesT& a_values, std::string ValuesT::*a_member, const std::string& a_text)
+/// Out of line: inlined for values without any member of that type, which never come here, it has GCC 12 warn of
+/// bounds.
+template <typename ValuesT, typename T>
+[[gnu::noinline]] T& Member(ValuesT& a_values, T ValuesT::*a_member)
 {
-    a_values.*a_member = a_text;
+    return a_values.*a_member;
 }
 
 } // namespace detail
@@ -78,17 +79,17 @@ ValuesT ReadAttributes(const std::array<SAttribute<ValuesT>, Count>& a_rows, con
         const bool isThere = attribute != a_node.Attributes().end();
         if (row.number != nullptr)
         {
-            int& value = a_defaults.*row.number;
+            int& value = detail::Member(a_defaults, row.number);
             value = std::clamp(isThere ? Core::LexicalCast<int, std::string>(attribute->second, value) : value,
                                row.least, row.most);
         }
         else if (row.boolean != nullptr && isThere)
         {
-            a_defaults.*row.boolean = attribute->second == "True";
+            detail::Member(a_defaults, row.boolean) = attribute->second == "True";
         }
         else if (row.text != nullptr && isThere)
         {
-            detail::Assign(a_defaults, row.text, attribute->second);
+            detail::Member(a_defaults, row.text) = attribute->second;
         }
     }
     return a_defaults;
@@ -98,23 +99,23 @@ ValuesT ReadAttributes(const std::array<SAttribute<ValuesT>, Count>& a_rows, con
 template <typename ValuesT, std::size_t Count>
 void DescribeAttributes(const std::array<SAttribute<ValuesT>, Count>& a_rows, std::vector<SAttributeInfo>& a_list)
 {
-    const ValuesT defaults;
+    ValuesT defaults;
     for (const SAttribute<ValuesT>& row : a_rows)
     {
         SAttributeInfo info{std::string(row.name), "text", "", std::string(row.description)};
         if (row.number != nullptr)
         {
             info.type = "integer";
-            info.defaultText = std::to_string(defaults.*row.number);
+            info.defaultText = std::to_string(detail::Member(defaults, row.number));
         }
         else if (row.boolean != nullptr)
         {
             info.type = "boolean";
-            info.defaultText = defaults.*row.boolean ? "True" : "False";
+            info.defaultText = detail::Member(defaults, row.boolean) ? "True" : "False";
         }
         else if (row.text != nullptr)
         {
-            info.defaultText = defaults.*row.text;
+            info.defaultText = detail::Member(defaults, row.text);
         }
         a_list.push_back(std::move(info));
     }
