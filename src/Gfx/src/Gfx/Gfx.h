@@ -60,6 +60,7 @@
 #include "Managers/Textures/TexturePage.h"
 #include "Managers/Textures/TexturedElement.h"
 #include "Managers/Themes/ThemeManager.h"
+#include "Managers/Timers/TimerManager.h"
 #include "Managers/Widgets/WidgetManager.h"
 #include "Platform/System/TamarindAVREventClient.h"
 #include "Widgets/ControlText.h"
