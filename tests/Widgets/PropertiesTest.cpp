@@ -22,6 +22,7 @@ protected:
             WidgetPtr(new CButton("a", 0, 0, 50, 50, false)),
             WidgetPtr(new CCheckBox("a", 0, 0, 50, 50, "")),
             WidgetPtr(new CEditBox("a", 0, 0, 50, 50, false, "")),
+            WidgetPtr(new CGraph("a", 0, 0, 50, 50, Gfx::easmOff, Gfx::easmSlide, false, false)),
             WidgetPtr(new CImage("a", 0, 0, 50, 50, "Icon")),
             WidgetPtr(new CLabel("a", 0, 0, 50, 50, false, false, false, "", true)),
             WidgetPtr(new CListBox("a", 0, 0, 50, 50, false)),
@@ -54,6 +55,13 @@ protected:
             {"Current", "6"},       {"Step", "2"},           {"Title", "new title"},
             {"MaximumLength", "7"}, {"IsPassword", "True"},
             {"SelectedItem", "b"},
+            {"Visible", "False"},    {"Opacity", "40"},       {"Text", "new text"},
+            {"Background", "True"},  {"ParseMarkup", "True"}, {"BackgroundTexture", "Icon"},
+            {"Disabled", "True"},    {"TextureSet", "Other"}, {"Checked", "True"},
+            {"ReadOnly", "True"},    {"Minimum", "3"},        {"Maximum", "7"},
+            {"Current", "6"},        {"Step", "2"},           {"Title", "new title"},
+            {"AutoScaleX", "Scale"}, {"AutoScaleY", "Off"},   {"ShowX", "True"},
+            {"ShowY", "True"},
         };
         const auto value = s_values.find(a_name);
         return value != s_values.end() ? value->second : "";

@@ -67,6 +67,7 @@
 #include "Widgets/Controls/Button/Button.h"
 #include "Widgets/Controls/CheckBox/CheckBox.h"
 #include "Widgets/Controls/EditBox/EditBox.h"
+#include "Widgets/Controls/Graph/Graph.h"
 #include "Widgets/Controls/Image/Image.h"
 #include "Widgets/Controls/Label/Label.h"
 #include "Widgets/Controls/ListBox/ListBox.h"

@@ -35,13 +35,20 @@ STexturedQuad WholeTexture(const Common::CAABB& a_rectangle)
             whole};
 }
 
-void FillRectangle(const Common::CAABB& a_rectangle, const CColour& a_colour)
+CColour Modulated(const CColour& a_colour)
 {
     const ClutterColor current = cogl_current_color();
     const auto product = [](unsigned a_left, unsigned a_right)
-    { return static_cast<guint8>((a_left * a_right + 127) / 255); };
-    cogl_set_source_color4ub(product(a_colour.Red(), current.red), product(a_colour.Green(), current.green),
-                             product(a_colour.Blue(), current.blue), product(a_colour.Alpha(), current.alpha));
+    { return static_cast<std::uint8_t>((a_left * a_right + 127) / 255); };
+    return {product(a_colour.Red(), current.red), product(a_colour.Green(), current.green),
+            product(a_colour.Blue(), current.blue), product(a_colour.Alpha(), current.alpha)};
+}
+
+void FillRectangle(const Common::CAABB& a_rectangle, const CColour& a_colour)
+{
+    const ClutterColor current = cogl_current_color();
+    const CColour colour = Modulated(a_colour);
+    cogl_set_source_color4ub(colour.Red(), colour.Green(), colour.Blue(), colour.Alpha());
     cogl_rectangle(static_cast<float>(a_rectangle.Left()), static_cast<float>(a_rectangle.Top()),
                    static_cast<float>(a_rectangle.Right()), static_cast<float>(a_rectangle.Bottom()));
     cogl_color(&current);

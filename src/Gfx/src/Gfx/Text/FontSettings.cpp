@@ -58,11 +58,6 @@ const SFontKeys& FontKeys(const std::string& a_controlName)
     return known != s_known.end() ? known->second : s_known.emplace(a_controlName, a_controlName).first->second;
 }
 
-CColour ColourOfTheme(const std::string& a_name)
-{
-    return ColourFromString(StaticSingleton<CThemeManager>::ref().Element(a_name, a_name));
-}
-
 } // namespace
 
 CFontSettings::CFontSettings(const std::string& a_controlName) : colour(Colours::White)
@@ -72,7 +67,7 @@ CFontSettings::CFontSettings(const std::string& a_controlName) : colour(Colours:
     size = keys.size;
     alignment = keys.alignment;
     colourName = keys.colourName;
-    colour = ColourOfTheme(colourName);
+    colour = StaticSingleton<CThemeManager>::ref().Colour(colourName);
 }
 
 CFontSettings::CFontSettings(const std::string& a_fontName, const CColour& a_colour, int a_size, int a_alignment)
@@ -89,7 +84,7 @@ void CFontSettings::UpdateStyle()
 {
     if (!colourName.empty())
     {
-        colour = ColourOfTheme(colourName);
+        colour = StaticSingleton<CThemeManager>::ref().Colour(colourName);
     }
 }
 

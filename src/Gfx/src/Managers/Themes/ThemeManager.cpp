@@ -120,6 +120,11 @@ const std::string* CThemeManager::FindElement(const std::string& a_name) const
     return element != themeIter->second.end() ? &element->second : nullptr;
 }
 
+CColour CThemeManager::Colour(const std::string& a_name) const
+{
+    return ColourFromString(Element(a_name, a_name));
+}
+
 void CThemeManager::SetTheme(const std::string& a_id)
 {
     if (m_themes.count(a_id) != 0)

@@ -3,6 +3,7 @@
 #include "Core/Api.h"
 #include "Core/IO/XMLNode.h"
 #include "Core/StaticSingleton.h"
+#include "Gfx/Common/Colour.h"
 
 #include <map>
 #include <string>
@@ -40,6 +41,9 @@ public:
 
     /// The same without a copy: null if the theme has none. It is good until a further theme file is read.
     [[nodiscard]] const std::string* FindElement(const std::string& a_name) const;
+
+    /// The colour that the current theme has under a_name, or else the named colour.
+    [[nodiscard]] CColour Colour(const std::string& a_name) const;
 
     /// Makes a_id the current theme, and every widget read its style anew, even if it is current already. Does nothing
     /// if there is no such theme.

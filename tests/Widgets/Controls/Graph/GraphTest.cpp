@@ -1,0 +1,298 @@
+#include "Widgets/Controls/Graph/Graph.h"
+
+#include "Managers/Themes/ThemeManager.h"
+#include "support/StageTest.h"
+
+#include <array>
+#include <limits>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace
+{
+
+using namespace Gfx::Colours;
+using Gfx::CColour;
+using Gfx::easmOff;
+using Gfx::easmScale;
+using Gfx::easmSlide;
+using Gfx::Widgets::CGraph;
+
+constexpr double k_infinity = std::numeric_limits<double>::infinity();
+constexpr double k_notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double k_most = std::numeric_limits<double>::max();
+
+struct SPoint
+{
+    double x;
+    double y;
+    bool breakBefore = false;
+};
+
+class GraphTest : public GfxTest::CControlTest
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        SetUpConfiguredStage("<Controls><Graph><Colours><Lines>Ink</Lines></Colours></Graph></Controls>");
+    }
+
+    /// At 100,100, with 200 pixels between the borders, so one for each unit at first.
+    static Core::SharedPtr<CGraph> Add(Gfx::EAutoScaleMode a_modeX = easmOff, Gfx::EAutoScaleMode a_modeY = easmOff,
+                                       bool a_showAxes = false)
+    {
+        return AddTopLevel(new CGraph("graph", 100, 100, 202, 202, a_modeX, a_modeY, a_showAxes, a_showAxes));
+    }
+
+    static void AddPoints(CGraph& a_graph, const std::string& a_series, const std::vector<SPoint>& a_points)
+    {
+        for (const SPoint& point : a_points)
+        {
+            EXPECT_TRUE(a_graph.AddPoint(a_series, point.x, point.y, point.breakBefore));
+        }
+    }
+
+    static std::string Extent(const CColour& a_colour) { return FreshPicture().Extent(a_colour); }
+};
+
+TEST_F(GraphTest, PointsLieWhereTheRangesSay)
+{
+    struct SCase
+    {
+        const char* what;
+        Gfx::EAutoScaleMode modeX;
+        Gfx::EAutoScaleMode modeY;
+        unsigned int maximumPoints;
+        std::vector<SPoint> points;
+        const char* extent;
+    };
+    // The last pixel of a line is not drawn.
+    const std::array cases{
+        SCase{"fixed", easmOff, easmOff, 9, {{-50, 0}, {50, 0}}, "151,200 100 x 1"},
+        SCase{"truncated", easmOff, easmOff, 9, {{-49.1, 0.9}, {50.9, 0.1}}, "151,200 100 x 1"},
+        SCase{"one point", easmOff, easmOff, 9, {{0, 0}}, "none"},
+        SCase{"oldest dropped", easmOff, easmOff, 3, {{-80, 0}, {-40, 0}, {0, 0}, {40, 0}, {80, 0}}, "201,200 80 x 1"},
+        SCase{"none kept", easmOff, easmOff, 0, {{-50, 0}, {50, 0}}, "none"},
+        SCase{"break", easmOff, easmOff, 9, {{-50, 0}, {0, 0, true}, {50, 0}}, "201,200 50 x 1"},
+        SCase{"gap", easmOff, easmOff, 9, {{-50, 0}, {0, k_notANumber}, {9, 0}, {50, 0}}, "210,200 41 x 1"},
+        SCase{"infinite", easmOff, easmOff, 9, {{-k_infinity, 0}, {0, k_infinity}, {0, 0}, {9, 0}}, "201,200 9 x 1"},
+        SCase{"from far", easmOff, easmOff, 9, {{-k_most, 0}, {0, 0}}, "100,200 101 x 1"},
+        SCase{"through", easmOff, easmOff, 9, {{-1e9, -1}, {1e9, -1}}, "100,201 202 x 1"},
+        SCase{"outside", easmOff, easmOff, 9, {{-1e9, 150}, {1e9, 150}}, "none"},
+        SCase{"scaled", easmScale, easmOff, 9, {{50, 0}, {60, 0}, {70, 0}}, "101,200 200 x 1"},
+        SCase{"slid", easmSlide, easmOff, 9, {{50, 0}, {60, 0}, {120, 0}}, "101,200 70 x 1"},
+        SCase{"both", easmScale, easmSlide, 9, {{7, 7}, {9, 7}}, "101,300 200 x 1"},
+        SCase{"extremes dropped",
+              easmScale,
+              easmScale,
+              3,
+              {{-7, -1000}, {1000, 7}, {0, -5}, {0.5, 20}, {0.5, 20, true}, {2, 0, true}, {1, 0}},
+              "168,300 134 x 1"},
+        SCase{"not numbers",
+              easmScale,
+              easmSlide,
+              9,
+              {{k_infinity, 0}, {5, k_notANumber}, {50, 0}, {70, 0}},
+              "101,300 200 x 1"},
+        SCase{"too far apart", easmScale, easmOff, 9, {{-k_most, 0}, {k_most, 0}}, "100,200 202 x 1"},
+        SCase{"all the same", easmScale, easmOff, 9, {{50, 0}, {50, 20}}, "251,181 1 x 20"},
+        SCase{"slid out of sight", easmSlide, easmOff, 9, {{1e300, 0}}, "none"},
+    };
+    for (const SCase& row : cases)
+    {
+        SCOPED_TRACE(row.what);
+        const auto graph = Add(row.modeX, row.modeY);
+        ASSERT_TRUE(graph->AddSeries("s", Red, 1.0F, row.maximumPoints));
+        AddPoints(*graph, "s", row.points);
+        EXPECT_EQ(Extent(Red), row.extent);
+        Widgets().DestroyWidget(graph.Get());
+    }
+}
+
+TEST_F(GraphTest, ALineToAPointFarAwayKeepsItsDirection)
+{
+    const auto graph = Add();
+    graph->AddSeries("s", Red, 1.0F, 9);
+    AddPoints(*graph, "s", {{0, 0}, {4e12, 2e12}});
+    const auto picture = FreshPicture();
+    EXPECT_EQ(picture.At(100 + 101 + 80, 100 + 100 - 40), Red);
+    EXPECT_EQ(picture.Count(Red), 101);
+}
+
+TEST_F(GraphTest, SeriesAreKnownByName)
+{
+    const auto graph = Add();
+    EXPECT_FALSE(graph->AddPoint("s", 0, 0, false));
+    EXPECT_TRUE(graph->AddSeries("s", Red, 1.0F, 9));
+    EXPECT_FALSE(graph->AddSeries("s", Green, 5.0F, 1));
+    EXPECT_TRUE(graph->AddSeries("t", Green, 3.0F, 9));
+    EXPECT_TRUE(graph->AddSeries("thin", Fuchsia, -k_infinity, 9));
+    AddPoints(*graph, "s", {{-50, 0}, {50, 0}});
+    AddPoints(*graph, "t", {{-50, 50}, {50, 50}});
+    AddPoints(*graph, "thin", {{-50, -50}, {50, -50}});
+    EXPECT_EQ(Extent(Red), "151,200 100 x 1");
+    EXPECT_EQ(Extent(Green), "151,149 100 x 3");
+    EXPECT_EQ(Extent(Fuchsia), "151,250 100 x 1");
+    EXPECT_FALSE(graph->RemoveSeries("u"));
+    EXPECT_TRUE(graph->RemoveSeries("s"));
+    EXPECT_EQ(Settle(), 0) << "seen when something else asks for a frame";
+    EXPECT_EQ(Extent(Red), "none");
+    graph->RemoveAllSeries();
+    EXPECT_EQ(Extent(Green), "none");
+    EXPECT_FALSE(graph->RemoveSeries("t"));
+}
+
+TEST_F(GraphTest, OnlyAChangeOfARangeAsksForAFrame)
+{
+    const auto graph = Add();
+    graph->AddSeries("s", Red, 1.0F, 9);
+    Settle();
+    AddPoints(*graph, "s", {{50, 50}, {120, 50}});
+    graph->SetXRange(-100, 100);
+    graph->AutoScaleX(easmOff);
+    EXPECT_EQ(Settle(), 0);
+    graph->AutoScaleX(easmSlide);
+    EXPECT_EQ(Settle(), 1);
+    graph->AddPoint("s", 125, 50, false);
+    EXPECT_EQ(Settle(), 0);
+    graph->AddPoint("s", 45, 50, false);
+    EXPECT_EQ(Settle(), 1);
+    graph->AutoScaleX(easmOff);
+    EXPECT_EQ(Settle(), 0) << "the range stays";
+    EXPECT_EQ(Extent(Red), "102,150 80 x 1");
+}
+
+TEST_F(GraphTest, ARangeThatCannotBeDrawnLeavesTheLastGoodOne)
+{
+    const auto graph = Add();
+    graph->AddSeries("s", Red, 1.0F, 9);
+    AddPoints(*graph, "s", {{-50, 0}, {50, 0}});
+    graph->SetXRange(-50, 50);
+    graph->SetYRange(0, 200);
+    Settle();
+    const struct
+    {
+        double minimum;
+        double maximum;
+    } ranges[] = {
+        {7, 7},          {0, k_notANumber},        {k_notANumber, 0}, {-k_infinity, 0},
+        {0, k_infinity}, {k_infinity, k_infinity}, {k_most, -k_most}, {0, std::numeric_limits<double>::denorm_min()}};
+    for (const auto& range : ranges)
+    {
+        graph->SetXRange(range.minimum, range.maximum);
+        graph->SetYRange(range.minimum, range.maximum);
+    }
+    EXPECT_EQ(Settle(), 0);
+    EXPECT_EQ(Extent(Red), "101,300 200 x 1");
+    graph->RemoveAllSeries();
+    graph->AutoScaleX(easmScale);
+    graph->AutoScaleY(easmSlide);
+    graph->AddSeries("t", Green, 1.0F, 9);
+    graph->AutoScaleX(easmOff);
+    graph->AutoScaleY(easmOff);
+    AddPoints(*graph, "t", {{-50, 0}, {50, 0}});
+    EXPECT_EQ(Extent(Green), "101,300 200 x 1");
+
+    graph->SetXRange(50, -50);
+    AddPoints(*graph, "t", {{0, 100, true}, {50, 100}});
+    EXPECT_EQ(FreshPicture().At(110, 200), Green) << "backwards";
+    EXPECT_EQ(FreshPicture().At(290, 200), Yellow);
+}
+
+TEST_F(GraphTest, TheVerticalRangesMirrorImagePlacesTheHorizontalAxis)
+{
+    const auto graph = Add(easmOff, easmOff, true);
+    const auto isAt = [&](int a_row, int a_column)
+    {
+        const auto picture = FreshPicture();
+        EXPECT_EQ(picture.At(150, 100 + a_row), White);
+        EXPECT_EQ(picture.At(100 + a_column, 250), White);
+        EXPECT_EQ(picture.Count(White), 4 * 201 + 2 * 200 - 1);
+        EXPECT_EQ(picture.At(150, 99), Black);
+        EXPECT_EQ(picture.At(99, 150), Black);
+    };
+    isAt(101, 101);
+    graph->SetYRange(-20, 180);
+    graph->SetXRange(-20, 180);
+    isAt(21, 21);
+    graph->SetProperty("ShowX", "true");
+    EXPECT_EQ(graph->GetProperty("ShowX", ""), "False") << "exactly \"True\" shows it";
+    EXPECT_EQ(FreshPicture().At(150, 121), Yellow);
+    graph->ShowYAxis(false);
+    EXPECT_EQ(FreshPicture().At(121, 150), Yellow);
+    graph->SetProperty("AutoScaleX", "scale");
+    graph->SetProperty("AutoScaleY", "Slide");
+    EXPECT_EQ(graph->AutoScaleX(), easmOff);
+    EXPECT_EQ(graph->GetCustomInfo(),
+              (std::map<std::string, std::string>{
+                  {"AutoScaleX", "Off"}, {"AutoScaleY", "Slide"}, {"ShowX", "False"}, {"ShowY", "False"}}));
+}
+
+TEST_F(GraphTest, TheScaleIsThatOfTheSizeAtTheLastRange)
+{
+    const auto graph = Add();
+    graph->AddSeries("s", Red, 1.0F, 9);
+    AddPoints(*graph, "s", {{-50, 0}, {50, 0}});
+    graph->SetXRange(-50, 50);
+    graph->Resize(402, 102);
+    EXPECT_EQ(Extent(Red), "101,200 200 x 1");
+    AddPoints(*graph, "s", {{-50, 50, true}, {50, 50}});
+    EXPECT_EQ(FreshPicture().At(150, 100 + 102 - 150 - 2 + 100), Yellow) << "above the widget";
+    graph->SetXRange(-50, 150);
+    graph->SetYRange(-50, 150);
+    EXPECT_EQ(FreshPicture().At(150, 100 + 102 - 25 - 2), Red);
+    EXPECT_EQ(FreshPicture().At(150, 100 + 102 - 50 - 2), Red);
+}
+
+TEST_F(GraphTest, NothingIsDrawnOutsideAndAFrameOfAPartIsLikeAWholeOne)
+{
+    WaitForClippedRedraws();
+    const auto parent = AddTopLevel(new GfxTest::CBlock("parent", 50, 50, 600, 400, Navy));
+    const auto graph = AddChild(*parent, new CGraph("graph", 50, 50, 202, 202, easmOff, easmOff, true, true));
+    graph->AddSeries("wide", Red, 30.0F, 9);
+    AddPoints(*graph, "wide", {{-1000, -1000}, {1000, 1000}, {-99, 1000}, {-99, -1000}, {1000, -99}});
+    const auto isInside = [](int a_left, int a_top)
+    {
+        const auto picture = FreshPicture();
+        EXPECT_EQ(picture.Count(Navy), 600 * 400 - 202 * 202);
+        EXPECT_EQ(picture.At(a_left, a_top + 150), Red);
+        EXPECT_EQ(picture.At(a_left + 201, a_top + 1), Red);
+        EXPECT_EQ(picture.At(a_left, a_top + 201), Red);
+    };
+    isInside(100, 100);
+    parent->Move({150, 70});
+    isInside(200, 120);
+    AddPoints(*graph, "wide", {{0, 0}, {100, 0}});
+    graph->Invalidate(false);
+    Settle();
+    const auto shown = ShownPicture();
+    EXPECT_EQ(shown.CountDifferences(FreshPicture()), 0);
+
+    for (const int size : {0, -1, -1000000, 1, 2, 3, 1 << 24})
+    {
+        graph->Resize(size, size);
+        graph->SetXRange(-size, 7);
+        graph->SetYRange(-size, 7);
+        AddPoints(*graph, "wide", {{0, 0}, {5, 5}});
+        EXPECT_EQ(FreshPicture().Count(Navy) == 600 * 400, size <= 0) << size;
+    }
+}
+
+TEST_F(GraphTest, ColoursAreTheThemesAndAsTransparentAsTheWidget)
+{
+    const auto graph = Add();
+    graph->AddSeries("s", Red, 1.0F, 9);
+    AddPoints(*graph, "s", {{-50, 0}, {50, 0}});
+    auto& themes = Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref();
+    themes.SetTheme("Swapped");
+    EXPECT_EQ(Extent(Lime), "holes in 100,100 202 x 202");
+    themes.SetTheme("Plain");
+    graph->SetTransparency(50, false);
+    const auto picture = FreshPicture();
+    EXPECT_EQ(picture.At(100, 100), CColour(191, 191, 127, 255)) << "a border over a background";
+    EXPECT_EQ(picture.At(150, 150), CColour(127, 127, 0, 255));
+    EXPECT_NEAR(picture.At(200, 200).Red(), 191, 1);
+}
+
+} // namespace
