@@ -123,9 +123,6 @@ BENCHMARK_CAPTURE(Frame, Off, Gfx::easmOff)
     ->Args({k_series, 1})
     ->Iterations(300)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Frame, Slide, Gfx::easmSlide)
-    ->Args({k_series, 1})
-    ->Iterations(300)
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Frame, Slide, Gfx::easmSlide)->Args({k_series, 1})->Iterations(300)->Unit(benchmark::kMillisecond);
 
 } // namespace
