@@ -46,6 +46,8 @@ TEST(LayoutCheckTest, EachFaultIsFoundWhereItStands)
         {"<Image id='i' x='0' y='0'><Font/></Image>", "2:27: Image has no use for Font"},
         {"<Button id='b' x='0' y='0'><Font>\n<Sise/></Font></Button>", "3:1: Font has no use for Sise"},
         {"<ProgressBar id='p' x='0' y='0'><Events/></ProgressBar>", "2:33: ProgressBar has no use for Events"},
+        {"<Panel id='p' x='0' y='0'>\n<Window id='w' x='0' y='0'/></Panel>",
+         "3:1: a Window can't be in another element"},
         {"<RadioGroup/>", "2:1: a RadioGroup needs a container around it"},
         {"<Panel id='p' x='0' y='0'>\n<RadioGroup><RadioButton id='r' x='0'/></RadioGroup></Panel>",
          "3:13: RadioButton needs a place: y"},

@@ -125,6 +125,10 @@ private:
             {
                 Report(node, "a RadioGroup needs a container around it");
             }
+            else if (!a_isTopLevel && (node.Name() == "Window" || node.Name() == "Keyboard"))
+            {
+                Report(node, "a " + node.Name() + " can't be in another element");
+            }
             else if (const SNodeInfo* element = FindNamed(m_elements, node.Name()))
             {
                 CheckNode(node, *element);

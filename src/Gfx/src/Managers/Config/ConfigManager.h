@@ -30,9 +30,18 @@ public:
     template <typename T>
     [[nodiscard]] T Get(const std::string& a_path, const T& a_default) const
     {
+        if (m_keyObserver != nullptr)
+        {
+            ReportKey(a_path, a_default);
+        }
         const std::string& text = RawText(a_path);
         return text.empty() ? a_default : Core::LexicalCast<T, std::string>(text, a_default);
     }
+
+    /// Hears of every key that is asked for, with its default: for programs that document a configuration. Null for
+    /// none.
+    using KeyObserver = void (*)(const std::string& a_path, const std::string& a_default, bool a_isNumber);
+    void SetKeyObserver(KeyObserver a_observer) { m_keyObserver = a_observer; }
 
     /// How often a file has been loaded. What was read at another count has to be read anew.
     [[nodiscard]] int Generation() const { return m_generation; }
@@ -46,9 +55,19 @@ public:
 private:
     void ReadOwnKeys();
 
+    void ReportKey(const std::string& a_path, int a_default) const
+    {
+        m_keyObserver(a_path, std::to_string(a_default), true);
+    }
+    void ReportKey(const std::string& a_path, const std::string& a_default) const
+    {
+        m_keyObserver(a_path, a_default, false);
+    }
+
     /// The text at a_path, looked up in the document once; a missing one is remembered as empty.
     [[nodiscard]] const std::string& RawText(const std::string& a_path) const;
 
+    KeyObserver m_keyObserver = nullptr;
     mutable std::map<std::string, std::string> m_values;
     int m_generation = 0;
     bool m_clipText = false;
