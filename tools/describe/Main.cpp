@@ -133,6 +133,13 @@ std::vector<Core::SharedPtr<CWidget>> MakeControls()
         }
     }
     controls.emplace_back(new CRadioButton("RadioButton", 0, 0, 200, 100, ""));
+    // Where texts are marked, one that is localised and one that isn't read different keys.
+    for (const char* text : {"Localised:text", "text"})
+    {
+        const Core::SharedPtr<CWidget> label(new CLabel("Label", 0, 0, 200, 100, false, false, false, text, true));
+        StaticSingleton<CWidgetManager>::ref().AddWidget(label);
+        static_cast<void>(StaticSingleton<CGfxManager>::ref().TrueScreenShot());
+    }
     controls.emplace_back(new CMessageBox("MessageBox", 0, 0, 400, 300, "title", "text", "1", "2", "3"));
     controls.emplace_back(new CNumericEditBox("NumericEditBox", 0, 0, 200, 40, {{"", 3}}));
     controls.emplace_back(new CWizard("Wizard"));
