@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace Demo
@@ -92,6 +93,7 @@ CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
     AddGrid();
     AddImages();
     AddProgress();
+    AddGraphs();
     AddScrolling();
     AddTexts();
     AddFields();
@@ -336,6 +338,74 @@ void CGallery::AddProgress()
     using Scroll = Core::Functor<void, CWidget*, int>;
     m_scrollHandlers.emplace_back(Scroll::Make([&moved](CWidget*, int a_current) { moved.Current(a_current); }));
     scroll.SetScrollEventHandler(m_scrollHandlers.back().get());
+}
+
+void CGallery::AddGraphs()
+{
+    CPanel& page = AddPage("Graphs");
+    const auto add = [&page](const CAABB& a_box, const char* a_text, Gfx::EAutoScaleMode a_modeX,
+                             Gfx::EAutoScaleMode a_modeY, bool a_showYAxis) -> CGraph&
+    {
+        AddLabel(page, {a_box.Left(), a_box.Top(), a_box.Width(), 30}, a_text);
+        return Add<CGraph>(page, "graph", a_box.Left(), a_box.Top() + 32, a_box.Width(), a_box.Height() - 32, a_modeX,
+                           a_modeY, true, a_showYAxis);
+    };
+    CGraph& slide = add({20, 10, 564, 194}, "The last thirty seconds", Gfx::easmSlide, Gfx::easmOff, false);
+    CGraph& scale = add({20, 210, 274, 180}, "From end to end", Gfx::easmScale, Gfx::easmScale, false);
+    CGraph& fixed = add({310, 210, 274, 180}, "Between fixed ends", Gfx::easmOff, Gfx::easmOff, true);
+    constexpr double period = 0.1;
+    constexpr unsigned int pointCount = 300;
+    slide.SetXRange(0, pointCount * period);
+    for (CGraph* graph : {&slide, &scale})
+    {
+        const unsigned int count = graph == &slide ? pointCount : pointCount / 2;
+        graph->AddSeries("inside", Gfx::Colours::Chocolate, 2.0F, count);
+        graph->AddSeries("outside", Gfx::Colours::DodgerBlue, 2.0F, count);
+        graph->AddSeries("vents", Gfx::Colours::SeaGreen, 2.0F, count);
+    }
+    fixed.AddSeries("wind", Gfx::Colours::MediumOrchid, 2.0F, pointCount / 2);
+    m_addPoints = [&slide, &scale, &fixed, step = 0]() mutable
+    {
+        const double seconds = ++step * period;
+        const double inside = 30 * std::sin(seconds / 4) + 5 * std::sin(seconds * 1.7);
+        const double outside = 25 * std::sin(seconds / 6) + 5 * std::cos(seconds * 2.3) - 50;
+        // Nothing is measured while the vents are closed.
+        const double vents = std::fmod(seconds, 12) < 8 ? 75 + 10 * std::sin(seconds) : std::nan("");
+        for (CGraph* graph : {&slide, &scale})
+        {
+            graph->AddPoint("inside", seconds, inside, false);
+            graph->AddPoint("outside", seconds, outside, false);
+            graph->AddPoint("vents", seconds, vents, false);
+        }
+        fixed.AddPoint("wind", 85 * std::sin(seconds * 1.3), 85 * std::sin(seconds * 1.7), false);
+    };
+    for (unsigned int i = 0; i < pointCount; ++i)
+    {
+        m_addPoints();
+    }
+    const auto tick = [this, &fixed]
+    {
+        m_addPoints();
+        fixed.Invalidate(false);
+        return true;
+    };
+    // The graphs move while they are seen.
+    using Visibility = Core::Functor<bool, CWidget*, bool>;
+    m_graphsShown.reset(Visibility::Make(
+        [tick, timer = 0U](CWidget*, bool a_visible) mutable
+        {
+            auto& timers = Gfx::Managers::CTimerManager::ref();
+            if (a_visible)
+            {
+                timer = timers.AddTimeoutMs(static_cast<int>(period * 1000), Core::Functor<bool>::Make(tick));
+            }
+            else
+            {
+                timers.RemoveTimeout(timer);
+            }
+            return true;
+        }));
+    page.SetVisibilityChangedEventHandler(m_graphsShown.get());
 }
 
 void CGallery::AddScrolling()

@@ -45,6 +45,7 @@ private:
     void AddGrid();
     void AddImages();
     void AddProgress();
+    void AddGraphs();
     void AddScrolling();
     void AddTexts();
     void AddFields();
@@ -64,6 +65,9 @@ private:
     std::list<std::unique_ptr<CWidget::ClickHandler>> m_clickHandlers;
     std::list<std::unique_ptr<CWidget::NotifyHandler>> m_selectionHandlers;
     std::list<std::unique_ptr<Gfx::Widgets::CScrollBar::ScrollEventHandler>> m_scrollHandlers;
+    /// Another point for every series.
+    std::function<void()> m_addPoints;
+    std::unique_ptr<CWidget::VetoableToggleHandler> m_graphsShown;
     std::unique_ptr<Gfx::Widgets::CMessageBox::OptionHandler> m_answer;
     std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
     Core::SharedPtr<Gfx::Widgets::CRadioGroup> m_radioGroup;
