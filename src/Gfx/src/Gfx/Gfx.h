@@ -40,6 +40,7 @@
 #include "Layout/ButtonElement.h"
 #include "Layout/CheckboxElement.h"
 #include "Layout/Element.h"
+#include "Layout/GraphElement.h"
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"
 #include "Layout/LayoutCheck.h"

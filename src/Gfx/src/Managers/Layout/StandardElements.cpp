@@ -2,6 +2,7 @@
 
 #include "Layout/ButtonElement.h"
 #include "Layout/CheckboxElement.h"
+#include "Layout/GraphElement.h"
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"
 #include "Layout/ListBoxElement.h"
@@ -35,6 +36,7 @@ const std::vector<SStandardElement>& StandardElements()
     static const std::vector<SStandardElement> s_elements{
         Standard<CButtonElement>("Button", "a button with a text, an image or both"),
         Standard<CCheckboxElement>("CheckBox", "a box to tick, with a text beside it"),
+        Standard<CGraphElement>("Graph", "series of points as lines, which the application adds"),
         Standard<CImageElement>("Image", "a picture: a texture element, or a file"),
         Standard<CLabelElement>("Label", "a text, with or without a background"),
         Standard<CListBoxElement>("ListBox", "items to choose from, one below the other"),
