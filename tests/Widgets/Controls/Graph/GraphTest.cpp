@@ -6,6 +6,7 @@
 #include <array>
 #include <limits>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ using Gfx::easmOff;
 using Gfx::easmScale;
 using Gfx::easmSlide;
 using Gfx::Widgets::CGraph;
+using Gfx::Widgets::CWidget;
 
 constexpr double k_infinity = std::numeric_limits<double>::infinity();
 constexpr double k_notANumber = std::numeric_limits<double>::quiet_NaN();
@@ -277,6 +279,17 @@ TEST_F(GraphTest, NothingIsDrawnOutsideAndAFrameOfAPartIsLikeAWholeOne)
         AddPoints(*graph, "wide", {{0, 0}, {5, 5}});
         EXPECT_EQ(FreshPicture().Count(Navy) == 600 * 400, size <= 0) << size;
     }
+    const std::unique_ptr<CGraph::ResizeHandler> handler(Core::Functor<bool, CWidget*, int, int>::Make(
+        [&](CWidget* a_widget, int, int)
+        {
+            parent->DestroyChild(a_widget);
+            return true;
+        }));
+    auto* const victim = new CGraph("victim", 0, 0, 9, 9, easmScale, easmSlide, true, true);
+    parent->AddChild(GfxTest::WidgetPtr(victim));
+    victim->SetResizeEventHandler(handler.get());
+    victim->Resize(5, 5);
+    EXPECT_FALSE(Widgets().FindWidget("parent:victim", nullptr));
 }
 
 TEST_F(GraphTest, ColoursAreTheThemesAndAsTransparentAsTheWidget)

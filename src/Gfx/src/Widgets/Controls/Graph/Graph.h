@@ -43,8 +43,8 @@ namespace Gfx::Widgets
 /// good as equal. So does the range of an axis that follows the data while there are none. A point that isn't finite
 /// leaves a gap. A range from a greater to a lesser value runs backwards.
 ///
-/// The scale is that of the size at which the range was last changed: set the range anew after Resize(). The horizontal
-/// axis lies at 0 if the vertical range is symmetric, otherwise at its mirror image.
+/// Resize() keeps the scale of the old size until a range changes. The horizontal axis lies at 0 if the vertical range
+/// is symmetric, otherwise at the mirror image of that.
 ///
 /// Properties: "AutoScaleX", "AutoScaleY" ("Off", "Scale", "Slide"), "ShowX", "ShowY".
 ///
