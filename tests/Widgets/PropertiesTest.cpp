@@ -48,18 +48,12 @@ protected:
     static std::string ValueFor(const std::string& a_name)
     {
         static const std::map<std::string, std::string> s_values{
-            {"Visible", "False"},   {"Opacity", "40"},       {"Text", "new text"},
-            {"Background", "True"}, {"ParseMarkup", "True"}, {"BackgroundTexture", "Icon"},
-            {"Disabled", "True"},   {"TextureSet", "Other"}, {"Checked", "True"},
-            {"ReadOnly", "True"},   {"Minimum", "3"},        {"Maximum", "7"},
-            {"Current", "6"},       {"Step", "2"},           {"Title", "new title"},
-            {"MaximumLength", "7"}, {"IsPassword", "True"},
-            {"SelectedItem", "b"},
             {"Visible", "False"},    {"Opacity", "40"},       {"Text", "new text"},
             {"Background", "True"},  {"ParseMarkup", "True"}, {"BackgroundTexture", "Icon"},
             {"Disabled", "True"},    {"TextureSet", "Other"}, {"Checked", "True"},
             {"ReadOnly", "True"},    {"Minimum", "3"},        {"Maximum", "7"},
             {"Current", "6"},        {"Step", "2"},           {"Title", "new title"},
+            {"MaximumLength", "7"},  {"IsPassword", "True"},  {"SelectedItem", "b"},
             {"AutoScaleX", "Scale"}, {"AutoScaleY", "Off"},   {"ShowX", "True"},
             {"ShowY", "True"},
         };
