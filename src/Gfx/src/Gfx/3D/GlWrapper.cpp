@@ -86,6 +86,7 @@ float GuardedArcCosine(float a_value)
 
 std::list<unsigned int> CGlWrapper::s_glState;
 unsigned int CGlWrapper::s_currentState = 0;
+unsigned int CGlWrapper::s_keptState = 0;
 
 void CGlWrapper::MakeIdentify(SViewMatrix& a_matrix)
 {
@@ -255,7 +256,7 @@ void CGlWrapper::ToggleState(unsigned int a_mask)
     }
     for (const SState& state : k_states)
     {
-        Set(state, (a_mask & state.bit) != 0);
+        Set(state, ((a_mask | s_keptState) & state.bit) != 0);
     }
     glDepthMask((a_mask & egsDepthWrite) != 0 ? GL_TRUE : GL_FALSE);
     s_currentState = a_mask;

@@ -29,6 +29,11 @@ struct SVector4f
     [[nodiscard]] constexpr const float& operator[](std::size_t a_index) const { return v[a_index]; }
 };
 
+namespace detail
+{
+class CDrawingArea;
+}
+
 static_assert(sizeof(SViewMatrix) == 64 && sizeof(SVector4f) == 16);
 
 /// The bits of a state mask, named after OpenGL's states.
@@ -108,7 +113,7 @@ public:
     static void SetColour(const CColour& a_colour);
 
     /// Sets all states to what a_mask says, except when it is the mask that was last set or pushed: then what somebody
-    /// else has done to OpenGL meanwhile stays.
+    /// else has done to OpenGL meanwhile stays. While a frame draws its scene, the scissor test stays on.
     static void ToggleState(unsigned int a_mask);
 
     /// The mask of the states as OpenGL has them.
@@ -120,8 +125,12 @@ public:
     static void PopState();
 
 private:
+    friend class detail::CDrawingArea;
+
     static std::list<unsigned int> s_glState;
     static unsigned int s_currentState;
+    /// What is set whatever a mask says.
+    static unsigned int s_keptState;
 };
 
 } // namespace Gfx::Wrapper
