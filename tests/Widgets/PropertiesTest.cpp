@@ -19,6 +19,7 @@ protected:
     static std::vector<WidgetPtr> Controls()
     {
         std::vector<WidgetPtr> controls{
+            WidgetPtr(new C3DFrame("a", 0, 0, 50, 50, false)),
             WidgetPtr(new CButton("a", 0, 0, 50, 50, false)),
             WidgetPtr(new CCheckBox("a", 0, 0, 50, 50, "")),
             WidgetPtr(new CEditBox("a", 0, 0, 50, 50, false, "")),
@@ -55,7 +56,7 @@ protected:
             {"Current", "6"},        {"Step", "2"},           {"Title", "new title"},
             {"MaximumLength", "7"},  {"IsPassword", "True"},  {"SelectedItem", "b"},
             {"AutoScaleX", "Scale"}, {"AutoScaleY", "Off"},   {"ShowX", "True"},
-            {"ShowY", "True"},
+            {"ShowY", "True"},       {"Picking", "True"},
         };
         const auto value = s_values.find(a_name);
         return value != s_values.end() ? value->second : "";

@@ -149,4 +149,12 @@ void CGlBracket::RestoreUnits() const
     }
 }
 
+void MarkFrameAsDrawn()
+{
+    static CoglPipeline* const s_pipeline =
+        cogl_pipeline_new(cogl_framebuffer_get_context(cogl_get_draw_framebuffer()));
+    // Any drawing will do, also one of no size.
+    cogl_framebuffer_draw_rectangle(cogl_get_draw_framebuffer(), s_pipeline, 0, 0, 0, 0);
+}
+
 } // namespace Platform

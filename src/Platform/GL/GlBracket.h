@@ -55,4 +55,8 @@ private:
     std::array<SUnit, k_mostUnits> m_units;
 };
 
+/// To be called in a paint that draws by OpenGL: Cogl would take a frame in which it has drawn nothing itself for one
+/// that is still clear, and not clear it again.
+void MarkFrameAsDrawn();
+
 } // namespace Platform
