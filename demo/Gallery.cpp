@@ -1,5 +1,7 @@
 #include "Gallery.h"
 
+#include "GreenhouseView.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -99,6 +101,7 @@ CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
     AddFields();
     AddWindows();
     AddWizard();
+    AddModels();
     m_navigation->Thaw();
     AddSwitches();
     ShowPage(0);
@@ -537,6 +540,43 @@ void CGallery::AddWizard()
     };
     OnClick(start, show);
     m_pages.back().extra = show;
+}
+
+void CGallery::AddModels()
+{
+    CPanel& page = AddPage("Models");
+    StaticSingleton<Gfx::Managers::C3DManager>::ref().Initialise("data/");
+    auto& view = Add<CGreenhouseView>(page, "greenhouse", CAABB(12, 12, 424, 376));
+    CLabel& selected = AddLabel(page, {444, 12, 148, 60}, "Touch a vent", Gfx::eaLeft | Gfx::eaMiddle);
+    view.OnSelected([&selected](const std::string& a_name)
+                    { selected.Text(k_localised + (a_name.empty() ? "Touch a vent" : a_name)); });
+    auto add = [&page, y = 84](const std::string& a_text) mutable -> CButton&
+    {
+        CButton& button = AddButton(page, {444, y, 148, 50}, a_text);
+        y += 58;
+        return button;
+    };
+    OnClick(add("Open all"), [&view] { view.OpenVents(1); });
+    OnClick(add("Close all"), [&view] { view.OpenVents(0); });
+    CButton& alarm = add("Alarm");
+    alarm.SetTextures("ControlActive_Up", "ControlActive_Up", "ControlActive_Down", k_selected);
+    OnClick(alarm,
+            [&view, &alarm, isOn = false]() mutable
+            {
+                isOn = !isOn;
+                view.SetAlarm(isOn);
+                alarm.ChangeTextureSet(isOn ? k_selected : "Default");
+            });
+    CButton& season = add("Summer");
+    OnClick(season,
+            [&view, &season, index = 1]() mutable
+            {
+                constexpr std::array<const char*, 4> seasons{"Spring", "Summer", "Autumn", "Winter"};
+                index = (index + 1) % 4;
+                view.SetSeason(seasons.at(static_cast<std::size_t>(index)));
+                season.Text(k_localised + std::string(seasons.at(static_cast<std::size_t>(index))));
+            });
+    AddLabel(page, {444, 320, 148, 60}, "Drag to turn it", Gfx::eaLeft | Gfx::eaMiddle);
 }
 
 void CGallery::AddSwitches()

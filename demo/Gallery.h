@@ -51,6 +51,7 @@ private:
     void AddFields();
     void AddWindows();
     void AddWizard();
+    void AddModels();
     void AddSwitches();
     void NextLanguage();
 

@@ -438,6 +438,8 @@ MAP = 256
 
 def height_at(x, z):
     distance = max(abs(x) / 2.3, abs(z) / 3.2)
+    # Level, too, where the tank stands.
+    distance = min(distance, 1 + 0.8 * max(0, max(abs(x - 3.3) / 1.1, abs(z + 0.1) / 1.8) - 1))
     rise = max(0, min(1, (distance - 1) / 0.8))
     hills = 0.28 * math.sin(1.3 * x + 0.6) * math.cos(1.1 * z - 0.4) + 0.16 * math.sin(2.1 * z + 1.7 * x)
     return rise * rise * (3 - 2 * rise) * hills - 0.015
@@ -525,7 +527,8 @@ def write_terrain_map(path, season):
             # A path around the house, and one to the edge.
             around = abs(x) < 2.15 + wobble and abs(z) < 3.05 + wobble
             to_edge = abs(x - 0.35 * math.sin(1.2 * (z - 3))) < 0.42 + wobble and z > 2.5
-            if around or to_edge:
+            yard = abs(x - 3.2) < 1.05 + wobble and abs(z + 0.1) < 1.75 + wobble
+            if around or to_edge or yard:
                 ground = mul(colours["path"], 1 + 0.04 * round(2 * fine(v, u)))
             # The house's shadow falls away from the light.
             if abs(x + 0.5) < 1.75 and abs(z + 0.35) < 2.65:

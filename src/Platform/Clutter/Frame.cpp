@@ -12,32 +12,6 @@ namespace Platform
 namespace
 {
 
-/// Until the first frame the window may still have the size that it was made with, and the stage no projection. There
-/// is no telling from outside whether a frame has been, so this runs each time.
-void PrepareFrame(ClutterStage* a_stage)
-{
-    if (clutter_check_windowing_backend(CLUTTER_WINDOWING_X11))
-    {
-        Display* display = clutter_x11_get_default_display();
-        if (!clutter_actor_is_mapped(CLUTTER_ACTOR(a_stage)))
-        {
-            // It would get its size only when it is shown.
-            XResizeWindow(display, clutter_x11_get_stage_window(a_stage),
-                          static_cast<unsigned int>(clutter_actor_get_width(CLUTTER_ACTOR(a_stage))),
-                          static_cast<unsigned int>(clutter_actor_get_height(CLUTTER_ACTOR(a_stage))));
-        }
-        XSync(display, False);
-        while (XPending(display) > 0)
-        {
-            XEvent event;
-            XNextEvent(display, &event);
-            clutter_x11_handle_event(&event);
-        }
-    }
-    // Picking is the one public call that sets up the projection before a frame does.
-    clutter_stage_get_actor_at_pos(a_stage, CLUTTER_PICK_ALL, 0, 0);
-}
-
 /// Has Cogl tell OpenGL the viewport at the next drawing. A viewport that it has already it would take for told, though
 /// OpenGL's is counted from the bottom of a window whose height may have changed since.
 void ResetViewport(float a_width, float a_height)
@@ -49,11 +23,37 @@ void ResetViewport(float a_width, float a_height)
 
 } // namespace
 
+void SizeWindow(ClutterStage* a_stage)
+{
+    if (!clutter_check_windowing_backend(CLUTTER_WINDOWING_X11))
+    {
+        return;
+    }
+    Display* display = clutter_x11_get_default_display();
+    if (!clutter_actor_is_mapped(CLUTTER_ACTOR(a_stage)))
+    {
+        XResizeWindow(display, clutter_x11_get_stage_window(a_stage),
+                      static_cast<unsigned int>(clutter_actor_get_width(CLUTTER_ACTOR(a_stage))),
+                      static_cast<unsigned int>(clutter_actor_get_height(CLUTTER_ACTOR(a_stage))));
+    }
+    XSync(display, False);
+    while (XPending(display) > 0)
+    {
+        XEvent event;
+        XNextEvent(display, &event);
+        clutter_x11_handle_event(&event);
+    }
+}
+
 void PaintWholeStage(ClutterStage* a_stage)
 {
     ClutterActor* stage = CLUTTER_ACTOR(a_stage);
     clutter_stage_ensure_current(a_stage);
-    PrepareFrame(a_stage);
+    // Until the first frame the window may still have the size that it was made with, and the stage no projection.
+    // There is no telling from outside whether a frame has been, so this happens each time. Picking is the one public
+    // call that sets up the projection before a frame does.
+    SizeWindow(a_stage);
+    clutter_stage_get_actor_at_pos(a_stage, CLUTTER_PICK_ALL, 0, 0);
     const float width = clutter_actor_get_width(stage);
     const float height = clutter_actor_get_height(stage);
     // Picking, here or earlier, may leave the viewport shifted until the next frame.

@@ -8,6 +8,7 @@
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Managers/Widgets/WidgetManager.h"
+#include "Platform/Clutter/Frame.h"
 #include "Platform/Clutter/Start.h"
 #include "Platform/GL/GL.h"
 
@@ -98,6 +99,7 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
     m_stage = clutter_stage_get_default();
     auto* const stage = CLUTTER_STAGE(m_stage);
     clutter_actor_set_size(m_stage, static_cast<float>(a_width), static_cast<float>(a_height));
+    Platform::SizeWindow(stage);
     clutter_stage_set_title(stage, a_title.c_str());
     const ClutterColor background = a_background.AsClutterColour();
     clutter_stage_set_color(stage, &background);
