@@ -547,7 +547,9 @@ void CGallery::AddModels()
     CPanel& page = AddPage("Models");
     StaticSingleton<Gfx::Managers::C3DManager>::ref().Initialise("data/");
     auto& view = Add<CGreenhouseView>(page, "greenhouse", CAABB(12, 12, 424, 376));
-    CLabel& selected = AddLabel(page, {444, 12, 148, 60}, "Touch a vent", Gfx::eaLeft | Gfx::eaMiddle);
+    const auto addText = [&page](int a_y, const std::string& a_text) -> CLabel&
+    { return Add<CLabel>(page, "text", 444, a_y, 148, 56, true, false, false, k_localised + a_text, true); };
+    CLabel& selected = addText(20, "Touch a vent");
     view.OnSelected([&selected](const std::string& a_name)
                     { selected.Text(k_localised + (a_name.empty() ? "Touch a vent" : a_name)); });
     auto add = [&page, y = 84](const std::string& a_text) mutable -> CButton&
@@ -576,7 +578,7 @@ void CGallery::AddModels()
                 view.SetSeason(seasons.at(static_cast<std::size_t>(index)));
                 season.Text(k_localised + std::string(seasons.at(static_cast<std::size_t>(index))));
             });
-    AddLabel(page, {444, 320, 148, 60}, "Drag to turn it", Gfx::eaLeft | Gfx::eaMiddle);
+    addText(326, "Drag to turn it");
 }
 
 void CGallery::AddSwitches()

@@ -81,9 +81,9 @@ void CGreenhouseView::AddGarden()
         float z;
         float scale;
     };
-    constexpr STree trees[] = {{-3.7F, 3.2F, 1.3F},  {-4.4F, 4.3F, 0.9F},  {-2.9F, 4.4F, 1.0F},
-                               {3.9F, -3.6F, 1.5F},  {2.7F, -4.3F, 1.1F},  {4.5F, -2.6F, 0.9F},
-                               {-4.3F, -4.2F, 1.2F}, {-1.0F, -4.4F, 1.0F}, {4.2F, 3.9F, 1.0F}};
+    constexpr STree trees[] = {{-3.3F, 3.1F, 1.3F},  {-4.1F, 2.5F, 0.9F},  {-2.3F, 4.2F, 1.0F},
+                               {3.3F, -3.5F, 1.5F},  {2.2F, -4.3F, 1.1F},  {4.3F, -2.5F, 0.9F},
+                               {-3.0F, -3.7F, 1.2F}, {-1.0F, -4.4F, 1.0F}, {3.2F, 3.6F, 1.0F}};
     for (const STree& tree : trees)
     {
         const EntityPtr entity = Add("Garden", "Tree", "", {tree.x, -0.1F, tree.z});
@@ -172,7 +172,7 @@ void CGreenhouseView::PlaceVent(const SVent& a_vent)
 
 void CGreenhouseView::PlaceCamera()
 {
-    Camera_LookAt({0, 0.55F, 0}, m_elevation, m_azimuth, 19);
+    Camera_LookAt({0, 0.3F, 0}, m_elevation, m_azimuth, 15.6F);
 }
 
 void CGreenhouseView::OpenVents(float a_share)
@@ -215,47 +215,42 @@ void CGreenhouseView::SetSeason(const std::string& a_season)
 {
     for (const EntityPtr& entity : m_garden)
     {
-        if (entity)
-        {
-            const std::string key = entity->Name() + ":" + a_season;
-            entity.StaticCast<CTexturedEntity>()->SetTexturePtr(Models().GetTexture(key));
-        }
+        SetTexture(entity, entity ? entity->Name() + ":" + a_season : "");
     }
-    Invalidate(false);
 }
 
 void CGreenhouseView::SetAlarm(bool a_alarm)
 {
-    m_alarm = a_alarm;
-    UpdateColours();
+    SetTexture(m_tank, a_alarm ? "Water:Tank:Alarm" : "Water:Tank:Steel");
+    SetTexture(m_pump, a_alarm ? "Water:Pump:Alarm" : "Water:Pump:Blue");
+}
+
+void CGreenhouseView::SetTexture(const EntityPtr& a_entity, const std::string& a_key)
+{
+    const auto texture = Models().GetTexture(a_key);
+    if (a_entity && texture)
+    {
+        a_entity.StaticCast<CTexturedEntity>()->SetTexturePtr(texture);
+        Invalidate(false);
+    }
 }
 
 void CGreenhouseView::SelectEntity(const EntityPtr& a_entity)
 {
+    if (m_selected)
+    {
+        m_selected->SetColour(Gfx::Colours::White);
+    }
     m_selected = a_entity;
-    UpdateColours();
+    if (m_selected)
+    {
+        m_selected->SetColour(Gfx::Colours::Gold);
+    }
+    Invalidate(false);
     if (m_selectedHandler)
     {
         m_selectedHandler(a_entity ? a_entity->Name() : "");
     }
-}
-
-void CGreenhouseView::UpdateColours()
-{
-    const auto colour = [this](const EntityPtr& a_entity, const Gfx::CColour& a_colour)
-    {
-        if (a_entity)
-        {
-            a_entity->SetColour(a_entity == m_selected ? Gfx::Colours::Gold : a_colour);
-        }
-    };
-    colour(m_tank, m_alarm ? Gfx::Colours::Tomato : Gfx::Colours::White);
-    colour(m_pump, m_alarm ? Gfx::Colours::Orange : Gfx::Colours::White);
-    for (const SVent& vent : m_vents)
-    {
-        colour(vent.entity, Gfx::Colours::White);
-    }
-    Invalidate(false);
 }
 
 bool CGreenhouseView::StartDragging(const CPoint&)
@@ -284,7 +279,12 @@ void CGreenhouseView::MouseEvent(Gfx::Events::EMouseEvent a_event, int a_buttons
     {
         return;
     }
-    const EntityPtr entity = EntityAt(a_point);
+    EntityPtr entity = EntityAt(a_point);
+    if (entity && entity->Name().find(':') != std::string::npos)
+    {
+        // It has no name of its own.
+        entity.Reset();
+    }
     for (SVent& vent : m_vents)
     {
         if (vent.entity == entity)

@@ -61,7 +61,7 @@ private:
     /// False when all vents are where they should be.
     bool MoveVents();
     void SelectEntity(const EntityPtr& a_entity);
-    void UpdateColours();
+    void SetTexture(const EntityPtr& a_entity, const std::string& a_key);
 
     std::vector<SVent> m_vents;
     std::vector<EntityPtr> m_garden;
@@ -70,13 +70,12 @@ private:
     EntityPtr m_selected;
     std::function<void(const std::string&)> m_selectedHandler;
     float m_azimuth = 52;
-    float m_elevation = 26;
+    float m_elevation = 30;
     float m_startAzimuth = 0;
     float m_startElevation = 0;
     bool m_isDragging = false;
     /// The press has become a drag, and its end is no touch.
     bool m_hasMoved = false;
-    bool m_alarm = false;
     unsigned int m_timer = 0;
 };
 

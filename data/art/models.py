@@ -149,10 +149,10 @@ class Model:
                    ((-1, -1), (1, -1), (1, 1), (-1, 1))]
         for i in range(4):
             j = (i + 1) % 4
-            self.face(material, [add(start, corners[i]), add(start, corners[j]), add(end, corners[j]),
-                                 add(end, corners[i])])
-        self.face(material, [add(start, c) for c in reversed(corners)])
-        self.face(material, [add(end, c) for c in corners])
+            self.face(material, [add(start, corners[j]), add(start, corners[i]), add(end, corners[i]),
+                                 add(end, corners[j])])
+        self.face(material, [add(start, c) for c in corners])
+        self.face(material, [add(end, c) for c in reversed(corners)])
 
     def lathe(self, material, base, axis, profile, sides, dark=0.0):
         """Turns a profile, of distances along the axis and radii, around it."""
@@ -430,16 +430,17 @@ def tree():
     return model
 
 
-# The terrain: an island with soft hills at its edges, and earth at its sides.
+# The terrain: a round island with soft hills around, and earth at its side. Its map covers the square around it.
 
-ISLAND, CELLS, EARTH = 5.2, 26, 0.125
+ISLAND, RINGS, SECTORS, EARTH = 5.4, 15, 48, 0.125
 MAP = 256
 
 
 def height_at(x, z):
     distance = max(abs(x) / 2.3, abs(z) / 3.2)
-    # Level, too, where the tank stands.
-    distance = min(distance, 1 + 0.8 * max(0, max(abs(x - 3.3) / 1.1, abs(z + 0.1) / 1.8) - 1))
+    # Level, too, where the tank stands, and where the beds are.
+    distance = min(distance, 1 + 0.8 * max(0, max(abs(x - 3.3) / 1.1, abs(z + 0.1) / 1.8) - 1),
+                   1 + 0.8 * max(0, max(abs(x + 3.4) / 1.1, abs(z + 0.45) / 2.0) - 1))
     rise = max(0, min(1, (distance - 1) / 0.8))
     hills = 0.28 * math.sin(1.3 * x + 0.6) * math.cos(1.1 * z - 0.4) + 0.16 * math.sin(2.1 * z + 1.7 * x)
     return rise * rise * (3 - 2 * rise) * hills - 0.015
@@ -448,30 +449,37 @@ def height_at(x, z):
 def terrain():
     model = Model(["map"])
 
-    def coordinate(x, z):
-        return ((x / ISLAND + 1) / 2, EARTH + (1 - EARTH) * (0.004 + 0.992 * (1 - z / ISLAND) / 2))
-
     def put(points, coordinates):
         model.groups[-1].append([(tuple(p), tuple(c)) for p, c in zip(points, coordinates)])
+
+    def coordinate(point):
+        return ((point[0] / ISLAND + 1) / 2, EARTH + (1 - EARTH) * (0.004 + 0.992 * (1 - point[2] / ISLAND) / 2))
+
+    def ground(ring, sector):
+        angle = 2 * math.pi * (sector % SECTORS) / SECTORS
+        x, z = ISLAND * ring / RINGS * math.cos(angle), ISLAND * ring / RINGS * math.sin(angle)
+        return (x, height_at(x, z), z)
 
     # A stone in the middle, by which a touch is measured.
     model.group()
     put([(-0.05, -0.1, -0.05), (0.05, -0.1, -0.05), (0, -0.1, 0.05)], [(0.5, 0.02)] * 3)
     model.group()
-    steps = [-ISLAND + 2 * ISLAND * i / CELLS for i in range(CELLS + 1)]
-    for x0, x1 in zip(steps, steps[1:]):
-        for z0, z1 in zip(steps, steps[1:]):
-            ring = [(x0, z0), (x0, z1), (x1, z1), (x1, z0)]
-            put([(x, height_at(x, z), z) for x, z in ring], [coordinate(x, z) for x, z in ring])
+    for sector in range(SECTORS):
+        for ring in range(RINGS):
+            points = [ground(ring, sector), ground(ring, sector + 1), ground(ring + 1, sector + 1),
+                      ground(ring + 1, sector)]
+            points = points[1:] if ring == 0 else points
+            put(points, [coordinate(point) for point in points])
     model.group()
-    for a, b in zip(steps, steps[1:]):
-        for fixed, along_x, shade in ((ISLAND, True, 0.70), (-ISLAND, True, 0.30), (ISLAND, False, 0.85),
-                                      (-ISLAND, False, 0.15)):
-            ends = [(a, fixed), (b, fixed)] if along_x else [(fixed, a), (fixed, b)]
-            depth = [-0.75 - 0.18 * math.sin(5 * sum(end) + 1) for end in ends]
-            points = [(ends[0][0], height_at(*ends[0]), ends[0][1]), (ends[1][0], height_at(*ends[1]), ends[1][1]),
-                      (ends[1][0], depth[1], ends[1][1]), (ends[0][0], depth[0], ends[0][1])]
-            put(points, [(shade, EARTH * 0.85), (shade, EARTH * 0.85), (shade, EARTH * 0.1), (shade, EARTH * 0.1)])
+    for sector in range(SECTORS):
+        points = []
+        for end in (sector, sector + 1):
+            x, y, z = ground(RINGS, end)
+            ragged = -0.72 - 0.16 * math.sin(2.7 * (end % SECTORS)) - 0.10 * math.sin(1.1 * (end % SECTORS) + 2)
+            points += [(x, y, z), (0.93 * x, ragged, 0.93 * z)]
+        angle = 2 * math.pi * (sector + 0.5) / SECTORS
+        shade = max(0.02, min(0.98, (brightness((math.cos(angle), 0, math.sin(angle))) - 0.5) / 0.45))
+        put([points[0], points[2], points[3], points[1]], [(shade, EARTH * high) for high in (0.92, 0.92, 0.08, 0.08)])
     return model
 
 
@@ -519,8 +527,8 @@ def write_terrain_map(path, season):
             if numbers.random() < SEASON_COLOURS[season]["spots"]:
                 ground = mix(ground, colours["spot"], 0.8)
             # Beds at one side, in rows along z.
-            if -4.6 < x < -2.5 and -3.0 < z < 1.4:
-                inside = (x + 4.6) % 0.7
+            if -4.4 < x < -2.5 and -2.4 < z < 1.5:
+                inside = (x + 4.45) % 0.65
                 ground = mul(colours["soil"], 1 + 0.06 * round(2 * fine(u, v)))
                 if 0.2 < inside < 0.52 and int(z * 5 + 50) % 2 == 0:
                     ground = mul(colours["crop"], 1 + 0.1 * round(fine(u, v)))
@@ -535,7 +543,7 @@ def write_terrain_map(path, season):
                 ground = mul(ground, 0.82)
             e = 0.05
             normal = unit((height_at(x - e, z) - height_at(x + e, z), 2 * e, height_at(x, z - e) - height_at(x, z + e)))
-            light = 1 + 1.1 * (dot(normal, unit(LIGHT)) - unit(LIGHT)[1])
+            light = 1 + 0.65 * (dot(normal, unit(LIGHT)) - unit(LIGHT)[1])
             pixels.append(mul(ground, light))
     # Earth, in layers, lighter to the right.
     top = mul(mix(colours["grass"], colours["soil"], 0.25), 0.8)
@@ -557,8 +565,10 @@ PALETTES = {
     "House/Vent.png": ("f2f5f4ff", "bfe6f2a0"),
     "Water/Tank-Steel.png": ("c3ccd4", "8b98a4", "6f7780", "3d8fd1"),
     "Water/Tank-Blue.png": ("5b9bd0", "3f72a3", "59636d", "e8f2fa"),
+    "Water/Tank-Alarm.png": ("dd4a38", "8f2b22", "6f7780", "f4e9d8"),
     "Water/Pump-Blue.png": ("3f7fc4", "aab4bd", "5d666f"),
     "Water/Pump-Green.png": ("4f9b58", "aab4bd", "5d666f"),
+    "Water/Pump-Alarm.png": ("f0a02c", "c9b089", "5d666f"),
     "Water/Valve.png": ("c8a04e", "d4483f", "9aa3ab"),
     "Water/Pipe.png": ("9fb0bd",),
     "Garden/Tree-Spring.png": ("8a6544", "8fc35a", "e9b7cf"),
@@ -587,6 +597,7 @@ TABLE = """<?xml version="1.0" encoding="UTF-8"?>
     <Model id="Tank" file="Tank.obj">
       <Variant id="Steel" file="Tank-Steel.png" default="True"/>
       <Variant id="Blue" file="Tank-Blue.png"/>
+      <Variant id="Alarm" file="Tank-Alarm.png"/>
       <Colour id="Body" colour="SteelBlue"/>
       <Colour id="Bands" colour="LightSteelBlue"/>
       <Colour id="Feet" colour="DimGray"/>
@@ -594,6 +605,7 @@ TABLE = """<?xml version="1.0" encoding="UTF-8"?>
     <Model id="Pump" file="Pump.obj">
       <Variant id="Blue" file="Pump-Blue.png" default="True"/>
       <Variant id="Green" file="Pump-Green.png"/>
+      <Variant id="Alarm" file="Pump-Alarm.png"/>
     </Model>
     <Model id="Valve" file="Valve.obj">
       <Variant id="Brass" file="Valve.png" default="True"/>

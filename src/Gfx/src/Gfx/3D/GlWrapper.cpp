@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 #include <utility>
 
@@ -13,6 +14,9 @@ namespace Gfx::Wrapper
 
 namespace
 {
+
+/// Nodes that the stack has had, so that none is made in a paint.
+std::list<unsigned int> s_spareNodes;
 
 using Core::Maths::Vector3;
 using Math = Core::Maths::Math<float>;
@@ -277,7 +281,12 @@ unsigned int CGlWrapper::CurrentState()
 void CGlWrapper::PushState()
 {
     s_currentState = CurrentState();
-    s_glState.push_back(s_currentState);
+    if (s_spareNodes.empty())
+    {
+        s_spareNodes.emplace_back();
+    }
+    s_glState.splice(s_glState.end(), s_spareNodes, s_spareNodes.begin());
+    s_glState.back() = s_currentState;
 }
 
 void CGlWrapper::PopState()
@@ -287,7 +296,7 @@ void CGlWrapper::PopState()
         return;
     }
     ToggleState(s_glState.back());
-    s_glState.pop_back();
+    s_spareNodes.splice(s_spareNodes.begin(), s_glState, std::prev(s_glState.end()));
 }
 
 } // namespace Gfx::Wrapper
