@@ -1,5 +1,6 @@
 #include "Managers/3D/3DManager.h"
 
+#include "Core/IO/XMLDocument.h"
 #include "Gfx/3D/TexturedEntity.h"
 #include "Widgets/Controls/3DFrame/3DFrame.h"
 #include "support/LogGuard.h"
@@ -119,6 +120,31 @@ TEST_F(Manager3DTest, ModelsComeInTheirColoursOrWithATexture)
     EXPECT_TRUE(manager.DeleteTexture("Flat:Square:second"));
     Draw(shown);
     EXPECT_DEATH(manager.GetModelVariant("Flat", "Square", "", "")->DrawObject(), "m_texturePtr");
+}
+
+TEST_F(Manager3DTest, TheModelsOfTheDataDirectoryAreComplete)
+{
+    manager.Initialise(GFX_TEST_DATA "../../data/");
+    Core::IO::XMLDocument table;
+    ASSERT_TRUE(table.Parse(GFX_TEST_DATA "../../data/Models/Models.xml"));
+    for (const Core::IO::XMLNode& category : table.Section("Models")->Children())
+    {
+        const std::string id = category.Attribute("id", "");
+        for (const Core::IO::XMLNode& model : category.Children())
+        {
+            SCOPED_TRACE(model.Attribute("id", ""));
+            const EntityPtr entity = manager.GetModelColoured(id, model.Attribute("id", ""), Red, "");
+            ASSERT_NE(entity, EntityPtr());
+            entity->SetRotationDegrees({1, 0, 0}, 30);
+            entity->SetScale(3);
+            EXPECT_GT(Draw(entity).Count(Red), 100);
+            for (const Core::IO::XMLNode& variant : model.Children())
+            {
+                const std::string key = id + ":" + model.Attribute("id", "") + ":" + variant.Attribute("id", "");
+                EXPECT_EQ(manager.GetTexture(key) != C3DManager::TexturePtr(), variant.Name() == "Variant") << key;
+            }
+        }
+    }
 }
 
 TEST_F(Manager3DTest, WhatCantBeUsedIsLoggedAndLeftOut)

@@ -1,3 +1,4 @@
+#include "Managers/3D/3DManager.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Widgets/WidgetManager.h"
 #include "support/OwnProcess.h"
@@ -28,10 +29,16 @@ void ExpectPicture(const char* a_moment, const std::string& a_block)
 
 int s_frames = 0;
 
-void TakePicturesFromTheStartOn(int a_width, int a_height, const std::string& a_block)
+void TakePicturesFromTheStartOn(int a_width, int a_height, const std::string& a_block, bool a_hasModels = false)
 {
     CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
     EXPECT_TRUE(gfx.Setup(GFX_TEST_DATA, "early", {0, 0}, a_width, a_height, 0, nullptr, Navy));
+    if (a_hasModels)
+    {
+        // OpenGL is used before there is anything to paint.
+        auto& models = StaticSingleton<Gfx::Managers::C3DManager>::ref();
+        EXPECT_TRUE(models.RegisterTextureBuffer(nullptr, 8, 8, 4, "texture", 1, 0));
+    }
     ExpectPicture("at first", "none");
     const GfxTest::WidgetPtr block(new GfxTest::CBlock("block", a_width - 40, a_height - 60, 40, 60, Orange));
     StaticSingleton<Gfx::Managers::CWidgetManager>::ref().AddWidget(block);
@@ -58,8 +65,11 @@ TEST_F(EarlyScreenShotTest, PicturesAreRightFromBeforeTheFirstFrameOn)
 {
     EXPECT_EXIT(GfxTest::RunToEnd([] { TakePicturesFromTheStartOn(640, 360, "600,300 40 x 60"); }),
                 testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(GfxTest::RunToEnd([] { TakePicturesFromTheStartOn(1000, 700, "960,640 40 x 60"); }),
-                testing::ExitedWithCode(0), "");
+    for (const bool hasModels : {false, true})
+    {
+        EXPECT_EXIT(GfxTest::RunToEnd([=] { TakePicturesFromTheStartOn(1000, 700, "960,640 40 x 60", hasModels); }),
+                    testing::ExitedWithCode(0), "");
+    }
 }
 
 } // namespace
