@@ -44,6 +44,7 @@
 #include "Layout/ButtonElement.h"
 #include "Layout/CheckboxElement.h"
 #include "Layout/Element.h"
+#include "Layout/Frame3DElement.h"
 #include "Layout/GraphElement.h"
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"

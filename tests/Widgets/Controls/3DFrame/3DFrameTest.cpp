@@ -1,7 +1,10 @@
 #include "Widgets/Controls/3DFrame/3DFrame.h"
 
+#include "Core/IO/XMLDocument.h"
 #include "Gfx/3D/TexturedEntity.h"
 #include "Gfx/Common/Drawing.h"
+#include "Layout/Frame3DElement.h"
+#include "Managers/Layout/LayoutManager.h"
 #include "Widgets/Controls/Label/Label.h"
 #include "Widgets/Controls/Panel/Panel.h"
 #include "Widgets/Controls/Window/Window.h"
@@ -262,6 +265,25 @@ TEST_F(Frame3DTest, OnlyWhatChangesTheSceneRedrawsIt)
     EXPECT_EQ(ShownExtent(Red), "181,181 138 x 138");
     frame->Resize(150, 300);
     EXPECT_EQ(ShownExtent(Red), "140,181 70 x 138") << "the aspect is that of the old size";
+}
+
+TEST_F(Frame3DTest, ALayoutHearsOfHits)
+{
+    using Core::IO::XMLDocument;
+    XMLDocument document;
+    ASSERT_TRUE(
+        document.ParseText("<Frame3D id='scene' x='0' y='180' width='300' height='300'><Events>"
+                           "<EntityHit><SetFlag id='hit' value='LastEntityHit'/></EntityHit></Events></Frame3D>",
+                           "frame"));
+    Gfx::Layout::C3DFrameElement element;
+    ASSERT_EQ(element.Process(nullptr, document.RootNode()->Children().front()), &element);
+    const auto frame = element.Widget().StaticCast<C3DFrame>();
+    EXPECT_TRUE(frame->Picking());
+    frame->AddEntity(RectangleEntity(Red, 4, 4, 0, "pump"));
+    Widgets().AddWidget(frame);
+    Click(150, 330);
+    EXPECT_EQ(Core::Patterns::StaticSingleton<Gfx::Managers::CLayoutManager>::ref().GetFlag("hit"), "pump");
+    Widgets().DestroyWidget(frame.Get());
 }
 
 TEST_F(Frame3DTest, ATouchPicksTheNearestSphere)

@@ -2,6 +2,7 @@
 
 #include "Layout/ButtonElement.h"
 #include "Layout/CheckboxElement.h"
+#include "Layout/Frame3DElement.h"
 #include "Layout/GraphElement.h"
 #include "Layout/ImageElement.h"
 #include "Layout/LabelElement.h"
@@ -34,6 +35,7 @@ const std::vector<SStandardElement>& StandardElements()
 {
     using namespace Gfx::Layout;
     static const std::vector<SStandardElement> s_elements{
+        Standard<C3DFrameElement>("Frame3D", "a scene of models, to which the application adds them"),
         Standard<CButtonElement>("Button", "a button with a text, an image or both"),
         Standard<CCheckboxElement>("CheckBox", "a box to tick, with a text beside it"),
         Standard<CGraphElement>("Graph", "series of points as lines, which the application adds"),
