@@ -18,7 +18,7 @@ constexpr std::array s_commands{
              "console. A change of any file below DIR is taken over at once: shown layouts, flags, theme\n"
              "and language stay. What is wrong with a file is said with its line, and what was there\n"
              "before stays.",
-             eoLayout | eoStyle, View},
+             eoLayout | eoStyle | eoOnce, View},
     SCommand{"shot", "takes pictures of layouts",
              "Writes a picture (PNG) and a widget tree of each layout in each theme and language to the\n"
              "folder OUT, and a page index.html that shows all of them. Each of the three may be \"all\".\n"

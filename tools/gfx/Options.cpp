@@ -52,6 +52,7 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
     char* size = nullptr;
     char* output = nullptr;
     gboolean verbose = FALSE;
+    gboolean once = FALSE;
     std::vector<GOptionEntry> entries;
     if ((a_command.options & eoLayout) != 0)
     {
@@ -69,6 +70,10 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
     if ((a_command.options & eoOutput) != 0)
     {
         entries.push_back({"output", 'o', 0, G_OPTION_ARG_FILENAME, &output, "the folder to write to", "OUT"});
+    }
+    if ((a_command.options & eoOnce) != 0)
+    {
+        entries.push_back({"once", 0, 0, G_OPTION_ARG_NONE, &once, "ends after the first frame", nullptr});
     }
     entries.push_back({"verbose", 'v', 0, G_OPTION_ARG_NONE, &verbose, "shows the toolkit's log", nullptr});
     entries.push_back({nullptr, 0, 0, G_OPTION_ARG_NONE, nullptr, nullptr, nullptr});
@@ -110,6 +115,7 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
     a_options.language = Take(language);
     a_options.output = Take(output);
     a_options.verbose = verbose == TRUE;
+    a_options.once = once == TRUE;
     const std::string sizeText = Take(size);
     if (!parsed)
     {

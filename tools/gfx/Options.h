@@ -18,6 +18,7 @@ struct SOptions
     int width = 800;
     int height = 480;
     bool verbose = false;
+    bool once = false;
 };
 
 /// Which options a command takes beside the data directory.
@@ -26,6 +27,7 @@ enum EOptions : unsigned
     eoLayout = 1U << 0U,
     eoStyle = 1U << 1U,
     eoOutput = 1U << 2U,
+    eoOnce = 1U << 3U,
 };
 
 /// Exit codes, for scripts.

@@ -49,6 +49,12 @@ gboolean OnDelete(ClutterStage*, ClutterEvent*, gpointer)
     return TRUE;
 }
 
+gboolean OnFrame(gpointer)
+{
+    clutter_main_quit();
+    return FALSE;
+}
+
 } // namespace
 
 int View(const SOptions& a_options)
@@ -83,6 +89,10 @@ int View(const SOptions& a_options)
                                std::fputs("gfx: what was there before stays\n", stderr);
                            }
                        });
+    if (a_options.once)
+    {
+        clutter_threads_add_repaint_func_full(CLUTTER_REPAINT_FLAGS_POST_PAINT, OnFrame, nullptr, nullptr);
+    }
     std::fprintf(stderr, "gfx: watching %s\n", a_options.directory.c_str());
     gfx.StartMainLoop();
     return eeSuccess;
