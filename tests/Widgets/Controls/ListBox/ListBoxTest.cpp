@@ -1,79 +1,42 @@
 #include "Widgets/Controls/ListBox/ListBox.h"
 
-#include "Gfx/Common/Alignment.h"
+#include "Managers/Config/ConfigManager.h"
 #include "Managers/Themes/ThemeManager.h"
+#include "Widgets/Controls/ItemList/ShownList.h"
 #include "Widgets/Controls/Window/Window.h"
-#include "support/StageTest.h"
 
 #include <clutter/clutter.h>
 
 #include <array>
+#include <fstream>
 #include <functional>
-#include <memory>
 #include <string>
 #include <utility>
 
 namespace
 {
 
+using Core::Patterns::StaticSingleton;
 using Gfx::CColour;
-using Gfx::Common::CPoint;
-using Gfx::Widgets::CButton;
 using Gfx::Widgets::CListBox;
 using Gfx::Widgets::CWidget;
 using GfxTest::WidgetPtr;
+using CList = GfxTest::CShownList<CListBox>;
 using Selection = Core::Functor<void, CWidget*>;
 
-/// Tells what is on show.
-class CList : public CListBox
-{
-public:
-    using CListBox::CListBox;
-
-    /// The names of the buttons, those of selected items with a "*".
-    [[nodiscard]] std::string Shown() const
-    {
-        std::string shown;
-        for (const WidgetPtr& child : Children().Widgets())
-        {
-            const bool isSelected = static_cast<CButton&>(*child).TextureSet() == "Selected";
-            shown += (shown.empty() ? "" : " ") + child->Name() + (isSelected ? "*" : "");
-        }
-        return shown;
-    }
-
-    [[nodiscard]] std::string Places() const
-    {
-        std::string places;
-        for (const WidgetPtr& child : Children().Widgets())
-        {
-            places += (places.empty() ? "" : " ") + std::to_string(child->TopLeft().X()) + ',' +
-                      std::to_string(child->TopLeft().Y()) + ':' + std::to_string(child->Width()) + 'x' +
-                      std::to_string(child->Height());
-        }
-        return places;
-    }
-
-    [[nodiscard]] Core::SharedPtr<CButton> Button(std::size_t a_index) const
-    {
-        return Children().Widgets().at(a_index).StaticCast<CButton>();
-    }
-};
+/// A background whose borders are 4, 6, 2 and 10 from the left on.
+constexpr const char* k_configuration =
+    "<Controls><ListBox><Font><Colour>Ink</Colour></Font><Textures><Background>Uneven</Background></Textures>"
+    "<ImageWidth>20</ImageWidth><ImageHeight>30</ImageHeight><Buttons><Textures>"
+    "<DownInactive>Panel_Up</DownInactive><DownActive>Red_Up</DownActive></Textures></Buttons></ListBox>"
+    "</Controls>";
 
 class ListBoxTest : public GfxTest::CControlTest
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        // A background whose borders are 4, 6, 2 and 10 from the left on.
-        SetUpConfiguredStage(
-            "<Controls><ListBox><Font><Colour>Ink</Colour></Font><Textures><Background>Uneven</Background></Textures>"
-            "<ImageWidth>20</ImageWidth><ImageHeight>30</ImageHeight><Buttons><Textures>"
-            "<DownInactive>Panel_Up</DownInactive><DownActive>Red_Up</DownActive></Textures></Buttons></ListBox>"
-            "</Controls>");
-    }
+    static void SetUpTestSuite() { SetUpConfiguredStage(k_configuration); }
 
-    /// Room for three rows of 64, unless the height is another.
+    /// Room for three rows of 64, unless the height is another; each character is an item.
     static Core::SharedPtr<CList> Add(const std::string& a_ids, bool a_multiselect = false, int a_height = 210)
     {
         const auto list = AddTopLevel(new CList("list", 100, 50, 200, a_height, a_multiselect));
@@ -94,26 +57,45 @@ protected:
 
 TEST_F(ListBoxTest, RowsFillItFromTheTopAndTheLastGivesWayToTheScrollButtons)
 {
-    auto list = Add("");
-    EXPECT_EQ(list->Places(), "");
-    list->AddItem({"b", ""}, true);
-    list->AddItem({"c", ""}, true);
+    const auto list = Add("bc");
     list->AddItem({"a", ""}, false);
-    list->AddItem({"b", "another"}, false);
-    EXPECT_EQ(list->Shown(), "a b c");
-    EXPECT_EQ(list->Places(), "4,6:194x64 4,70:194x64 4,134:194x64");
+    list->AddItem({"b", "again"}, false);
+    EXPECT_EQ(list->Shown(), "abc");
+    EXPECT_EQ(list->Places(), "4,6 4,70 4,134");
+    EXPECT_EQ(list->Sizes(), "194x64 194x64 194x64");
     list->AddItem({"d", ""}, true);
-    EXPECT_EQ(list->Shown(), "a b ScrollBackward ScrollForward");
-    EXPECT_EQ(list->Places(), "4,6:194x64 4,70:194x64 4,136:97x64 101,136:97x64");
+    EXPECT_EQ(list->Shown(), "ab<>");
+    EXPECT_EQ(list->Places(), "4,6 4,70 4,136 101,136");
     list->Resize(301, 400);
-    EXPECT_EQ(list->Places(), "4,6:295x64 4,70:295x64 4,326:147x64 151,326:147x64") << "no more rows than at first";
-    // Less than two rows are less than one when not all items fit.
-    for (const auto& [height, rows] : {std::pair(150, "a ScrollBackward ScrollForward"), {130, ""}, {0, ""}, {-90, ""}})
+    EXPECT_EQ(list->Places(), "4,6 4,70 4,326 151,326") << "no more rows than at first";
+    EXPECT_EQ(list->Sizes(), "295x64 295x64 147x64 147x64");
+    for (const auto& [height, shown] : {std::pair(150, "a<>"), {130, "<>"}, {0, "<>"}, {-90, "<>"}})
     {
-        list = Add("abc", false, height);
-        EXPECT_EQ(list->Shown(), *rows != 0 ? rows : "ScrollBackward ScrollForward") << height;
+        EXPECT_EQ(Add("abc", false, height)->Shown(), shown) << height;
     }
-    EXPECT_EQ(Add("a", false, 80)->Shown(), "a");
+}
+
+TEST_F(ListBoxTest, RowsMayHaveAnyHeight)
+{
+    auto& config = StaticSingleton<Gfx::Managers::CConfigManager>::ref();
+    const auto reload = [&config](const std::string& a_size)
+    {
+        std::ofstream(config.BasePath() + "Configuration/GfxConfig.xml")
+            << "<Gfx>" << k_configuration << "<Controls><ListBox><ItemSize>" << a_size
+            << "</ItemSize></ListBox></Controls></Gfx>";
+        std::string error;
+        EXPECT_TRUE(config.Reload(error)) << error;
+    };
+    for (const auto& [size, shown] : {std::pair("0", "<>"), {"-64", "<>"}, {"1", "abcd"}, {"2147483647", "<>"}})
+    {
+        reload(size);
+        const auto list = Add("abcd");
+        EXPECT_EQ(list->Shown(), shown) << size;
+        list->Button(1)->MouseEvent(Gfx::Events::FirstClick, 0, {0, 0}, false);
+        list->ScrollTo("d");
+        Settle();
+    }
+    reload("64");
 }
 
 TEST_F(ListBoxTest, ATouchOfAScrollButtonMovesTheViewByOneItemWithinTheList)
@@ -121,23 +103,22 @@ TEST_F(ListBoxTest, ATouchOfAScrollButtonMovesTheViewByOneItemWithinTheList)
     const auto list = Add("abcd");
     const WidgetPtr row = list->Button(0);
     Touch(*list, 2);
-    EXPECT_EQ(list->Shown(), "a b ScrollBackward ScrollForward");
     EXPECT_NE(list->Button(0).Get(), row.Get()) << "made anew even where nothing moves";
-    for (const char* shown : {"b c", "c d", "c d"})
+    for (const char* shown : {"bc<>", "cd<>", "cd<>"})
     {
         Touch(*list, 3);
-        EXPECT_EQ(list->Shown(), std::string(shown) + " ScrollBackward ScrollForward");
+        EXPECT_EQ(list->Shown(), shown);
     }
     // The view stays where it is when the list shrinks from below it.
     list->AddItem({"e", ""}, true);
     Touch(*list, 3);
-    list->RemoveItem("a");
-    EXPECT_EQ(list->Shown(), "e ScrollBackward ScrollForward");
-    list->RemoveItem("b");
-    EXPECT_EQ(list->Shown(), "");
-    list->RemoveItem("no such item");
+    for (const auto& [id, shown] : {std::pair("a", "e<>"), {"b", ""}, {"no such item", ""}})
+    {
+        list->RemoveItem(id);
+        EXPECT_EQ(list->Shown(), shown) << id;
+    }
     list->ScrollTo("c");
-    EXPECT_EQ(list->Shown(), "d e") << "where nothing is on show, it goes one item too far";
+    EXPECT_EQ(list->Shown(), "de") << "where nothing is on show, it goes one item too far";
     list->ClearItems();
     list->AddItem({"x", ""}, true);
     EXPECT_EQ(list->Shown(), "x");
@@ -146,23 +127,28 @@ TEST_F(ListBoxTest, ATouchOfAScrollButtonMovesTheViewByOneItemWithinTheList)
 TEST_F(ListBoxTest, ScrollingToAnItemPutsItIntoTheLastRowUnlessItIsOnShow)
 {
     const auto list = Add("abcdefgh");
-    for (const auto& [id, shown] :
-         {std::pair("b", "a b"), {"c", "b c"}, {"h", "g h"}, {"g", "g h"}, {"d", "c d"}, {"a", "a b"}, {"x", "a b"}})
+    for (const auto& [id, shown] : {std::pair("b", "ab<>"),
+                                    {"c", "bc<>"},
+                                    {"h", "gh<>"},
+                                    {"g", "gh<>"},
+                                    {"d", "cd<>"},
+                                    {"a", "ab<>"},
+                                    {"none", "ab<>"}})
     {
         list->ScrollTo(id);
-        EXPECT_EQ(list->Shown(), std::string(shown) + " ScrollBackward ScrollForward") << id;
+        EXPECT_EQ(list->Shown(), shown) << id;
     }
     list->SetProperty("SelectedItem", "f");
-    EXPECT_EQ(list->Shown(), "e f* ScrollBackward ScrollForward");
+    EXPECT_EQ(list->Shown(), "ef*<>");
     list->SelectItem("a,h", true);
-    EXPECT_EQ(list->Shown(), "e f ScrollBackward ScrollForward") << "no item has the whole text as its id";
+    EXPECT_EQ(list->Shown(), "ef<>") << "no item has the whole text as its id";
     list->ToggleItem("a", true);
-    EXPECT_EQ(list->Shown(), "e f ScrollBackward ScrollForward") << "already selected";
+    EXPECT_EQ(list->Shown(), "ef<>") << "already selected";
     list->ToggleItem("b", true);
-    EXPECT_EQ(list->Shown(), "a b* ScrollBackward ScrollForward");
+    EXPECT_EQ(list->Shown(), "ab*<>");
 }
 
-TEST_F(ListBoxTest, TouchesSelectAsOneOrManyAndAreTold)
+TEST_F(ListBoxTest, TouchesSelectOneOrManyAndAreTold)
 {
     for (const bool isMultiple : {false, true})
     {
@@ -176,25 +162,23 @@ TEST_F(ListBoxTest, TouchesSelectAsOneOrManyAndAreTold)
                 log += list->SelectedItem() + '/' + list->Shown() + ' ';
             });
         list->SetSelectionChangedEventHandler(&handler);
-        Touch(*list, 1);
-        Touch(*list, 0);
-        Touch(*list, 0);
-        EXPECT_EQ(log, isMultiple ? "b/a b* c a,b/a* b* c b/a b* c " : "b/a b* c a/a* b c ");
+        for (const std::size_t row : {1, 0, 0})
+        {
+            Touch(*list, row);
+        }
+        EXPECT_EQ(log, isMultiple ? "b/ab*c a,b/a*b*c b/ab*c " : "b/ab*c a/a*bc ");
 
         log.clear();
         list->SelectItem("c,b,none", false);
         EXPECT_EQ(list->SelectedItem(), "b,c") << "in the order of the list, and all of them";
-        EXPECT_EQ(list->SelectedText(), "text b,text c");
         EXPECT_EQ(list->GetProperty("SelectedText", ""), "text b,text c");
         list->SelectItem("a", false);
         EXPECT_EQ(list->GetProperty("SelectedItem", ""), isMultiple ? "a,b,c" : "a");
         list->DeselectItem("a,b");
-        EXPECT_EQ(list->Shown(), isMultiple ? "a b c*" : "a b c");
-        list->SelectItem("", false);
-        EXPECT_EQ(list->SelectedItem(), isMultiple ? "c" : "");
+        EXPECT_EQ(list->Shown(), isMultiple ? "abc*" : "abc");
         list->DeselectAll();
         list->ToggleItem("none", true);
-        EXPECT_EQ(list->Shown(), "a b c");
+        EXPECT_EQ(list->Shown(), "abc");
         EXPECT_EQ(log, "") << "only touches are told";
         list->ToggleItem("b", false);
         list->Multiselect(!isMultiple);
@@ -211,23 +195,19 @@ TEST_F(ListBoxTest, AnUpdatedItemIsAnotherOneAndMayTakeAnyId)
     item.selected = true;
     list->UpdateItem("a", item);
     list->UpdateItem("none", item);
-    EXPECT_EQ(list->Shown(), "c* b c");
+    EXPECT_EQ(list->Shown(), "c*bc");
     EXPECT_EQ(list->Button(0)->Text(), "new");
     Touch(*list, 2);
-    EXPECT_EQ(list->Shown(), "c b c") << "a touch is for the first item of the id";
+    EXPECT_EQ(list->Shown(), "cbc") << "a touch is for the first item of the id";
     list->SelectItem("c", false);
     EXPECT_EQ(list->SelectedItem(), "c,c");
     list->RemoveItem("c");
-    EXPECT_EQ(list->Shown(), "b c*");
-    // Ids that the scroll buttons have.
-    list->AddItem({"ScrollForward", ""}, false);
-    list->AddItem({"ScrollBackward", ""}, false);
-    Touch(*list, 1);
-    EXPECT_EQ(list->SelectedItem(), "c") << "scrolls";
+    EXPECT_EQ(list->Shown(), "bc*");
+    // What has the id of a scroll button acts as one, and doesn't lead to before the first item.
     list->ClearItems();
     list->AddItem({"ScrollForward", ""}, false);
     Touch(*list, 0);
-    EXPECT_EQ(list->Shown(), "ScrollForward") << "not to before the first item";
+    EXPECT_EQ(list->Shown(), ">");
 }
 
 TEST_F(ListBoxTest, FrozenItKeepsItsRowsWhateverBecomesOfTheItems)
@@ -240,18 +220,17 @@ TEST_F(ListBoxTest, FrozenItKeepsItsRowsWhateverBecomesOfTheItems)
     }
     list->RemoveItem("a");
     list->UpdateItem("b", {"d", ""});
-    EXPECT_EQ(list->Shown(), "a b");
     Touch(*list, 0);
     EXPECT_EQ(list->SelectedItem(), "") << "its item is gone";
     Touch(*list, 1);
     EXPECT_EQ(list->SelectedItem(), "d");
-    EXPECT_EQ(list->Shown(), "a b*");
     list->ScrollTo("d");
     list->Resize(150, 210);
-    EXPECT_EQ(list->Button(0)->Width(), 194);
+    EXPECT_EQ(list->Shown(), "ab*");
+    EXPECT_EQ(list->Sizes(), "194x64 194x64");
     list->Thaw();
-    EXPECT_EQ(list->Shown(), "1 d* ScrollBackward ScrollForward");
-    EXPECT_EQ(list->Button(0)->Width(), 144);
+    EXPECT_EQ(list->Shown(), "1d*<>");
+    EXPECT_EQ(list->Sizes(), "144x64 144x64 72x64 72x64");
     list->Freeze();
     list->ClearItems();
     EXPECT_EQ(list->Shown(), "");
@@ -262,42 +241,38 @@ TEST_F(ListBoxTest, RowsAreDrawnByTheirStateAndTheTheme)
     const auto list = Add("", true);
     list->AddItem({"a", "<b>A</b>", "Icon"}, true);
     list->AddItem({"b", "Localised:key"}, true);
-    EXPECT_EQ(ShownExtent({255, 255, 0, 255}).substr(9), "191,73 20 x 30") << "in the middle, below the text";
-    const auto label = [&](std::size_t a_row)
-    { return clutter_actor_get_child_at_index(list->Button(a_row)->GetActor(), 0); };
-    EXPECT_EQ(GfxTest::ShownText(label(1)), "key");
-    EXPECT_EQ(list->Button(1)->Font().alignment, Gfx::eaCentre | Gfx::eaMiddle);
+    EXPECT_EQ(ShownExtent({255, 255, 0, 255}), "holes in 191,73 20 x 30") << "in the middle, below the text";
+    const auto label = [&] { return clutter_actor_get_child_at_index(list->Button(1)->GetActor(), 0); };
+    EXPECT_EQ(GfxTest::ShownText(label()), "key");
     list->ParseMarkup(true);
     EXPECT_TRUE(list->Button(0)->ParseMarkup());
     list->AddItem({"c", ""}, true);
     EXPECT_TRUE(list->Button(2)->ParseMarkup());
 
-    const auto look = [&] { return ShownPicture().At(110, 125); };
-    const std::array<std::pair<bool, CColour>, 4> looks{
-        {{false, {0, 0, 160, 255}}, {true, {160, 160, 0, 255}}, {false, {90, 90, 90, 255}}, {true, {255, 0, 0, 255}}}};
-    for (const auto& [isPressed, colour] : looks)
+    const auto look = [](int a_x, int a_y)
     {
-        isPressed ? Press(110, 125) : Release(110, 125);
         Settle();
-        EXPECT_EQ(look(), colour);
+        return ShownPicture().At(a_x, a_y);
+    };
+    for (const auto& colours : {std::pair(CColour(160, 160, 0, 255), CColour(90, 90, 90, 255)),
+                                {CColour(255, 0, 0, 255), CColour(0, 0, 160, 255)}})
+    {
+        Press(110, 125);
+        EXPECT_EQ(look(110, 125), colours.first);
+        Release(110, 125);
+        EXPECT_EQ(look(110, 125), colours.second);
     }
-    Release(110, 125);
-    list->SelectItem("b", false);
-    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
-    EXPECT_EQ(GfxTest::TextColour(label(1)), Gfx::Colours::Lime);
-    Settle();
-    EXPECT_EQ(look(), CColour(255, 128, 64, 255));
-    EXPECT_EQ(ShownPicture().At(101, 51), CColour(10, 200, 100, 255));
+    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    EXPECT_EQ(GfxTest::TextColour(label()), Gfx::Colours::Lime);
+    EXPECT_EQ(look(110, 125), CColour(255, 128, 64, 255));
+    EXPECT_EQ(look(101, 51), CColour(10, 200, 100, 255));
     list->Background(false);
     list->Resize(220, 210);
-    Settle();
-    EXPECT_EQ(ShownPicture().At(101, 51), CColour(0, 0, 0, 255));
+    EXPECT_EQ(look(101, 51), CColour(0, 0, 0, 255));
     list->Background(true);
-    Settle();
-    EXPECT_EQ(ShownPicture().At(319, 51), CColour(10, 200, 100, 255)) << "of the new size at once";
+    EXPECT_EQ(look(319, 51), CColour(10, 200, 100, 255)) << "of the new size";
 
     Widgets().GarbageCollect();
-    EXPECT_EQ(clutter_actor_get_n_children(list->GetActor()), 3);
     list->ClearItems();
     EXPECT_EQ(clutter_actor_get_n_children(list->GetActor()), 0) << "or refilling would heap up groups";
 }
@@ -316,8 +291,7 @@ TEST_F(ListBoxTest, OddIdsAreTakenAsTheyAre)
     EXPECT_EQ(list->SelectedItem(), "a,b") << "the two, and not the one";
     list->DeselectAll();
     list->SelectItem(",", false);
-    EXPECT_EQ(list->SelectedItem(), "") << "the empty id, once";
-    EXPECT_TRUE(list->Items()[2].selected);
+    EXPECT_TRUE(list->Items()[2].selected) << "the empty id, twice in the text";
     Touch(*list, 3);
     Touch(*list, 5);
     EXPECT_EQ(list->SelectedItem(), ",a,b," + large);
@@ -346,41 +320,31 @@ TEST_F(ListBoxTest, TheHandlerOfATouchMayDoAnything)
             list->ToggleItem("50", true);
         },
     };
-    for (const auto& action : actions)
+    for (std::size_t i = 0; i < 2 * actions.size(); ++i)
     {
-        for (const bool isTouch : {true, false})
+        window = new CWindow("window", 100, 50, 300, 300, false, "", 0);
+        list = new CList("list", 0, 0, 200, 210, true);
+        Widgets().AddWidget(WidgetPtr(window));
+        window->AddChild(WidgetPtr(list));
+        for (const char* id : {"a", "b", "c", "d"})
         {
-            window = new CWindow("window", 100, 50, 300, 300, false, "", 0);
-            list = new CList("list", 0, 0, 200, 210, true);
-            Widgets().AddWidget(WidgetPtr(window));
-            window->AddChild(WidgetPtr(list));
-            for (const char* id : {"a", "b", "c", "d"})
-            {
-                list->AddItem({id, ""}, true);
-            }
-            int calls = 0;
-            Selection::Callable handler(
-                [&](CWidget*)
-                {
-                    if (++calls == 1)
-                    {
-                        action();
-                    }
-                });
-            list->SetSelectionChangedEventHandler(&handler);
-            isTouch ? Touch(*list, 1) : list->ToggleItem(list->Items()[3].id, true);
-            EXPECT_GE(calls, 1);
-            Settle();
-            if (const WidgetPtr left = Widgets().FindWidget("window:list", nullptr))
-            {
-                left.StaticCast<CListBox>()->SetSelectionChangedEventHandler(nullptr);
-            }
-            if (const WidgetPtr left = Widgets().FindWidget("window", nullptr))
-            {
-                Widgets().DestroyWidget(left.Get());
-            }
-            Widgets().GarbageCollect();
+            list->AddItem({id, ""}, true);
         }
+        int calls = 0;
+        Selection::Callable handler(
+            [&](CWidget*)
+            {
+                if (++calls == 1)
+                {
+                    actions[i / 2]();
+                }
+            });
+        list->SetSelectionChangedEventHandler(&handler);
+        i % 2 == 0 ? Touch(*list, 1) : list->ToggleItem(list->Items()[3].id, true);
+        EXPECT_GE(calls, 1);
+        Settle();
+        Widgets().DestroyWidget(Widgets().FindWidget("window", nullptr).Get());
+        Widgets().GarbageCollect();
     }
 
     // A row that somebody keeps, and that is clicked, when its list is long gone.

@@ -1,59 +1,20 @@
 #include "Widgets/Controls/ListGrid/ListGrid.h"
 
 #include "Gfx/Common/Alignment.h"
-#include "support/StageTest.h"
+#include "Widgets/Controls/ItemList/ShownList.h"
 
 #include <clutter/clutter.h>
 
-#include <array>
 #include <limits>
 #include <string>
 
 namespace
 {
 
-using Gfx::Widgets::CButton;
 using Gfx::Widgets::CListGrid;
 using Gfx::Widgets::CWidget;
-using GfxTest::WidgetPtr;
+using CGrid = GfxTest::CShownList<CListGrid>;
 using Selection = Core::Functor<void, CWidget*>;
-
-/// Tells what is on show.
-class CGrid : public CListGrid
-{
-public:
-    using CListGrid::CListGrid;
-
-    /// The buttons' names, with "<" and ">" for those that scroll; those of selected items with a "*".
-    [[nodiscard]] std::string Shown() const
-    {
-        std::string shown;
-        for (const WidgetPtr& child : Children().Widgets())
-        {
-            const std::string& name = child->Name();
-            const bool isSelected = static_cast<CButton&>(*child).TextureSet() == "Selected";
-            shown += name == "ScrollBackward" ? "<" : name == "ScrollForward" ? ">" : name;
-            shown += isSelected ? "*" : "";
-        }
-        return shown;
-    }
-
-    [[nodiscard]] std::string Places() const
-    {
-        std::string places;
-        for (const WidgetPtr& child : Children().Widgets())
-        {
-            places += (places.empty() ? "" : " ") + std::to_string(child->TopLeft().X()) + ',' +
-                      std::to_string(child->TopLeft().Y());
-        }
-        return places;
-    }
-
-    [[nodiscard]] Core::SharedPtr<CButton> Button(std::size_t a_index) const
-    {
-        return Children().Widgets().at(a_index).StaticCast<CButton>();
-    }
-};
 
 class ListGridTest : public GfxTest::CControlTest
 {

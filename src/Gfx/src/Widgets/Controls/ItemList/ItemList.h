@@ -53,7 +53,6 @@ public:
     void ScrollTo(const std::string& a_id);
 
     /// Changes nothing about the items that are selected.
-    [[nodiscard]] bool Multiselect() const { return m_multiselect; }
     void Multiselect(bool a_multiselect) { m_multiselect = a_multiselect; }
 
     [[nodiscard]] bool Background() const { return m_hasBackground; }
