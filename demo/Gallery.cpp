@@ -284,7 +284,7 @@ void CGallery::AddGrid()
     CPanel& page = AddPage("Grid");
     CLabel& selection = AddLabel(page, {20, 352, 564, 36}, "Nothing selected yet");
     auto& grid = Add<CListGrid>(page, "grid", 20, 16, 564, 328, true);
-    grid.AddItem({"text", "", "Text only"});
+    grid.AddItem({"text", "", k_localised + std::string("Text only")});
     grid.AddItem({"image", "Icon_Map", ""});
     for (int i = 1; i <= 40; ++i)
     {

@@ -190,6 +190,34 @@ TEST_P(GoldenTest, Fields)
     ExpectPicture("Fields");
 }
 
+TEST_P(GoldenTest, ListsOfItems)
+{
+    auto& list = Add<CListBox>(*m_screen, "list", 20, 20, 300, 328, true);
+    auto& grid = Add<CListGrid>(*m_screen, "grid", 340, 20, 440, 434, true);
+    for (int i = 0; i < 40; ++i)
+    {
+        const std::string id = std::to_string(i);
+        list.AddItem({id,
+                      i == 3   ? "A text that is too long for its row"
+                      : i == 5 ? ""
+                               : "Row " + id,
+                      i == 5 ? "Icon_Bell" : ""},
+                     true);
+        grid.AddItem({id, i == 12 ? "" : "Icon_Home", i == 11 ? "" : "Tile " + id});
+    }
+    list.SelectItem("6,3", true);
+    list.ScrollTo("6");
+    grid.SelectItem("7,12", false);
+    grid.ScrollTo("20");
+    for (const char* row : {"list:4", "list:6", "list:ScrollBackward", "grid:8", "grid:7"})
+    {
+        Widgets()
+            .FindWidget(std::string("screen:") + row, nullptr)
+            ->MouseEvent(Gfx::Events::FirstDown, 1, {5, 5}, false);
+    }
+    ExpectPicture("Lists");
+}
+
 INSTANTIATE_TEST_SUITE_P(Themes, GoldenTest, testing::Values("Day", "Night", "Contrast"),
                          [](const testing::TestParamInfo<const char*>& a_info) { return std::string(a_info.param); });
 
