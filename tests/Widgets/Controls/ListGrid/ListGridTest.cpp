@@ -55,7 +55,11 @@ TEST_F(ListGridTest, TilesStandInRowsAndTheScrollButtonsTakeTheFirstAndTheLastCe
     Touch(*grid, 5);
     EXPECT_EQ(grid->Shown(), "<defg");
     EXPECT_EQ(grid->Places(), "46,10 152,10 258,10 46,116 152,116") << "with an empty cell at the end";
-    for (const char id : {'h', 'i', 'j', 'k'})
+    grid->AddItem({"h", "", ""});
+    grid->Resize(430, 220);
+    EXPECT_EQ(grid->Shown(), "defgh") << "where all would fit, nothing leads back";
+    grid->Resize(400, 220);
+    for (const char id : {'i', 'j', 'k'})
     {
         grid->AddItem({std::string(1, id), "", ""});
     }

@@ -32,9 +32,10 @@ extern template class GFX_API CItemList<SListGridItem>;
 /// the first and the last cell have buttons that move the view by one row; each is there only while there is something
 /// to move to.
 ///
-/// An id may stand any number of times. The tiles of a row begin where the row is in the middle of the grid; what
-/// remains at the lower edge stays empty. Any number of items can be held, as there are widgets for those on show
-/// alone, but each one that is added makes the tiles anew.
+/// ScrollTo reckons with the tiles that are on show before: where a scroll button appears on the way, the item is one
+/// cell short of being shown, and a second call shows it. An id may stand any number of times. The tiles of a row begin
+/// where the row is in the middle of the grid; what remains at the lower edge stays empty. Any number of items can be
+/// held, as there are widgets for those on show alone, but each one that is added makes the tiles anew.
 ///
 /// Properties: "SelectedItem", whose writing also scrolls there.
 ///
