@@ -73,8 +73,8 @@ constexpr std::array s_words{
 int ComparisonOf(const std::string& a_word)
 {
     const std::string lower = Core::Utilities::StringToLower(a_word);
-    const auto found = std::find_if(s_words.begin(), s_words.end(),
-                                    [&lower](const auto& a_entry) { return lower == a_entry.first; });
+    const auto found =
+        std::find_if(s_words.begin(), s_words.end(), [&lower](const auto& a_entry) { return lower == a_entry.first; });
     return found != s_words.end() ? found->second : ecUnknown;
 }
 
