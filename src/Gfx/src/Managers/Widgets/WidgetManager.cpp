@@ -93,16 +93,19 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
 void CWidgetManager::Detach(const WidgetPtr& a_widget)
 {
     ClutterActor* const actor = a_widget->GetActor();
-    m_deadActors.remove_if(
-        [actor](ClutterActor* a_dead)
-        {
-            if (a_dead != actor)
+    if (a_widget->m_destroyed)
+    {
+        m_deadActors.remove_if(
+            [actor](ClutterActor* a_dead)
             {
-                return false;
-            }
-            g_object_unref(a_dead);
-            return true;
-        });
+                if (a_dead != actor)
+                {
+                    return false;
+                }
+                g_object_unref(a_dead);
+                return true;
+            });
+    }
     if (ClutterActor* const container = clutter_actor_get_parent(actor))
     {
         clutter_container_remove_actor(CLUTTER_CONTAINER(container), actor);
