@@ -105,14 +105,7 @@ void CItemList<ItemT>::ClearItems()
     const CLife life(Children());
     m_model.Clear();
     DropRows();
-    // Forgetting a child leaves its group where it is: a list that is filled again and again would heap them up.
-    for (const WidgetPtr& child : Children().Widgets())
-    {
-        if (clutter_actor_get_parent(child->GetActor()) == GetActor())
-        {
-            clutter_actor_remove_child(GetActor(), child->GetActor());
-        }
-    }
+    TakeOutGroups();
     RemoveAllChildren();
     if (!life.IsOver())
     {
@@ -294,11 +287,24 @@ void CItemList<ItemT>::UpdateLayout()
     }
     if (!life.IsOver())
     {
+        TakeOutGroups();
         RemoveAllChildren();
     }
     if (!life.IsOver())
     {
         AddButtons();
+    }
+}
+
+template <typename ItemT>
+void CItemList<ItemT>::TakeOutGroups()
+{
+    for (const WidgetPtr& child : Children().Widgets())
+    {
+        if (clutter_actor_get_parent(child->GetActor()) == GetActor())
+        {
+            clutter_actor_remove_child(GetActor(), child->GetActor());
+        }
     }
 }
 

@@ -154,6 +154,9 @@ private:
     [[nodiscard]] const SListItem* ItemOf(const SRow& a_row) const;
     [[nodiscard]] bool AddButton(const SListItem& a_item, Key a_key, const Common::CAABB& a_box, const SFace& a_face);
     void DropRows();
+    /// Forgetting or destroying a child leaves its group in this one, where they would heap up while items are added:
+    /// with each of them it takes longer to add another.
+    void TakeOutGroups();
     void RefreshButtons();
 
     NotifyHandler* m_selectionChangedHandler = nullptr;
