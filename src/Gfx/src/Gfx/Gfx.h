@@ -82,6 +82,7 @@
 #include "Widgets/Controls/ListGrid/ListGrid.h"
 #include "Widgets/Controls/MessageBox/MessageBox.h"
 #include "Widgets/Controls/NumericEditBox/NumericEditBox.h"
+#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
 #include "Widgets/Controls/Panel/Panel.h"
 #include "Widgets/Controls/ProgressBar/ProgressBar.h"
 #include "Widgets/Controls/RadioButton/RadioButton.h"
