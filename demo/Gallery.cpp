@@ -99,6 +99,7 @@ CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
     AddScrolling();
     AddTexts();
     AddFields();
+    AddKeyboards();
     AddWindows();
     AddWizard();
     AddModels();
@@ -434,6 +435,30 @@ void CGallery::AddTexts()
     note.Text("This one does <b>not</b> scroll, and parses <i>markup</i>.");
 }
 
+CWidget* CGallery::OpenKeyboard(const std::string& a_layout, const std::string& a_mode, const std::string& a_text,
+                                std::function<void(const std::string&)> a_take)
+{
+    COnScreenKeyboard::ParseConfiguration();
+    const auto& layout = COnScreenKeyboard::Keyboards.at(a_layout);
+    auto* keyboard = new COnScreenKeyboard("keyboard", (m_screen->Width() - layout.width) / 2,
+                                           (m_screen->Height() - layout.height) / 2, a_layout, a_mode, "");
+    Widgets().AddWidget(WidgetPtr(keyboard));
+    using Closed = Core::Functor<void, CWidget*, bool, const std::string&>;
+    m_keyboardClosed.reset(Closed::Make(
+        [take = std::move(a_take)](CWidget* a_keyboard, bool a_done, const std::string& a_newText)
+        {
+            if (a_done)
+            {
+                take(a_newText);
+            }
+            Widgets().DestroyWidget(a_keyboard);
+        }));
+    keyboard->SetKeyboardClosedEventHandler(m_keyboardClosed.get());
+    keyboard->Text(a_text);
+    keyboard->Show();
+    return keyboard;
+}
+
 void CGallery::AddFields()
 {
     CPanel& page = AddPage("Fields");
@@ -444,17 +469,37 @@ void CGallery::AddFields()
     const auto field = [&](int a_row, bool a_password, const std::string& a_text) -> CEditBox&
     {
         const CAABB box = place(1, a_row);
-        return Add<CEditBox>(page, "field", box.Left(), box.Top(), box.Width(), box.Height(), a_password, a_text);
+        auto& edit = Add<CEditBox>(page, "field", box.Left(), box.Top(), box.Width(), box.Height(), a_password, a_text);
+        OnClick(edit,
+                [this, &edit] {
+                    OpenKeyboard("Full", "Default", edit.Text(),
+                                 [&edit](const std::string& a_newText) { edit.Text(a_newText); });
+                });
+        return edit;
     };
-    const auto fields = [&](int a_row, const std::vector<CNumericEditBox::SField>& a_fields, const std::string& a_keys)
+    const auto fields = [&](int a_row, const char* a_mode, const std::string& a_text) -> CNumericEditBox&
     {
+        COnScreenKeyboard::ParseConfiguration();
         const CAABB box = place(1, a_row);
-        auto& row = Add<CNumericEditBox>(page, "fields", box.Left(), box.Top(), box.Width(), box.Height(), a_fields);
-        for (const char key : a_keys)
-        {
-            row.KeyboardEvent(static_cast<unsigned char>(key));
-        }
-        return &row;
+        auto& row = Add<CNumericEditBox>(page, "fields", box.Left(), box.Top(), box.Width(), box.Height(),
+                                         COnScreenKeyboard::Keyboards.at("Digits").modes.at(a_mode));
+        row.Text(a_text);
+        const auto open = [this, &row, a_mode] {
+            return OpenKeyboard("Digits", a_mode, row.Text(),
+                                [&row](const std::string& a_newText) { row.Text(a_newText); });
+        };
+        using Mouse = Core::Functor<void, CWidget*, Gfx::Events::EMouseEvent, int, const CPoint&, bool>;
+        m_mouseHandlers.emplace_back(Mouse::Make(
+            [open](CWidget*, Gfx::Events::EMouseEvent a_event, int, const CPoint&, bool)
+            {
+                if (a_event == Gfx::Events::FirstClick)
+                {
+                    open();
+                }
+            }));
+        row.SetMouseEditBoxListEventHandler(m_mouseHandlers.back().get());
+        m_pages.back().extra = open;
+        return row;
     };
     label(0, "Name");
     field(0, false, "Glasshouse, \xE2\x82\xAC 20, \xC3\xA9t\xC3\xA9");
@@ -465,9 +510,33 @@ void CGallery::AddFields()
     label(3, "Too long");
     field(3, false, k_longText.substr(0, k_longText.find('.')));
     label(4, "Address");
-    fields(4, {{".", 3}, {".", 3}, {".", 3}, {"", 3}}, "19216810.1");
+    fields(4, "Address", "192.168.10.1 ").HighlightFirst();
     label(5, "Time");
-    fields(5, {{":", 2}, {":", 2}, {"", 2}}, "123000")->UnHighlightActive();
+    fields(5, "Time", "12:30:00 ");
+}
+
+void CGallery::AddKeyboards()
+{
+    CPanel& page = AddPage("Keyboards");
+    auto& text = Add<CEditBox>(page, "text", 20, 276, 564, 48, false, "");
+    int index = 0;
+    for (const char* layout : {"Full", "German", "French", "Greek", "Russian", "Arabic", "Numeric", "Digits", "Phone"})
+    {
+        CButton& button = AddButton(page, {20 + index % 3 * 192, 20 + index / 3 * 62, 180, 50}, layout);
+        const auto open = [this, layout, &text]
+        {
+            return OpenKeyboard(layout, "Default", text.Text(),
+                                [&text](const std::string& a_newText) { text.Text(a_newText); });
+        };
+        OnClick(button, open);
+        if (index == 0)
+        {
+            m_pages.back().extra = open;
+        }
+        ++index;
+    }
+    AddLabel(page, {20, 226, 564, 44}, "What a keyboard hands back:",
+             Gfx::eaLeft | Gfx::eaMiddle);
 }
 
 void CGallery::AddWindows()

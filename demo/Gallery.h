@@ -49,11 +49,16 @@ private:
     void AddScrolling();
     void AddTexts();
     void AddFields();
+    void AddKeyboards();
     void AddWindows();
     void AddWizard();
     void AddModels();
     void AddSwitches();
     void NextLanguage();
+
+    /// Over the middle of the screen; a_take gets the text, if it is taken.
+    CWidget* OpenKeyboard(const std::string& a_layout, const std::string& a_mode, const std::string& a_text,
+                          std::function<void(const std::string&)> a_take);
 
     void OnClick(CWidget& a_widget, std::function<void()> a_action);
 
@@ -64,6 +69,7 @@ private:
     Gfx::Widgets::CListBox* m_navigation = nullptr;
     std::vector<SPage> m_pages;
     std::list<std::unique_ptr<CWidget::ClickHandler>> m_clickHandlers;
+    std::list<std::unique_ptr<CWidget::MouseHandler>> m_mouseHandlers;
     std::list<std::unique_ptr<CWidget::NotifyHandler>> m_selectionHandlers;
     std::list<std::unique_ptr<Gfx::Widgets::CScrollBar::ScrollEventHandler>> m_scrollHandlers;
     /// Another point for every series.
@@ -71,6 +77,7 @@ private:
     std::unique_ptr<CWidget::VetoableToggleHandler> m_graphsShown;
     std::unique_ptr<Gfx::Widgets::CMessageBox::OptionHandler> m_answer;
     std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
+    std::unique_ptr<Gfx::Widgets::COnScreenKeyboard::ClosedHandler> m_keyboardClosed;
     Core::SharedPtr<Gfx::Widgets::CRadioGroup> m_radioGroup;
 };
 
