@@ -18,6 +18,13 @@ constexpr int Saturated(std::int64_t a_value)
     return static_cast<int>(std::clamp(a_value, lowest, highest));
 }
 
+/// a_factor * a_numerator / a_denominator towards zero, or 0 where there is nothing to divide by. The product of an int
+/// and a difference of two fits.
+constexpr std::int64_t Share(std::int64_t a_factor, std::int64_t a_numerator, std::int64_t a_denominator)
+{
+    return a_denominator != 0 ? a_factor * a_numerator / a_denominator : 0;
+}
+
 } // namespace detail
 
 /// A point, or a distance, in whole pixels; y runs downwards. What it is relative to (stage, parent, widget), the

@@ -11,6 +11,9 @@
 namespace Gfx::Widgets
 {
 
+using Common::detail::Saturated;
+using Common::detail::Share;
+
 namespace
 {
 
@@ -37,12 +40,6 @@ constexpr std::array s_styleKeys{
     Managers::SStyleKey<SStyle>{"/Gfx/Controls/Panel/ScrollingMargin", &SStyle::scrollingMargin},
     Managers::SStyleKey<SStyle>{"/Gfx/Controls/Panel/ScrollBarRange", &SStyle::scrollBarRange},
 };
-
-/// a_factor * a_numerator / a_denominator, as the nearest int; 0 where there is nothing to divide by.
-int Share(std::int64_t a_factor, int a_numerator, int a_denominator)
-{
-    return a_denominator != 0 ? Common::detail::Saturated(a_factor * a_numerator / a_denominator) : 0;
-}
 
 /// The box around the visible children, along one axis.
 struct SExtent
@@ -157,7 +154,7 @@ void CPanel::UpdateForScrollBars()
         m_updateAfterScrolling = true;
         return;
     }
-    if (!HasScissor() || !m_scrollBar || m_layouts == k_mostLayouts)
+    if (!m_scrollBar || m_layouts == k_mostLayouts)
     {
         return;
     }
@@ -176,7 +173,7 @@ void CPanel::UpdateForScrollBars()
     if (m_contentTop < 0)
     {
         // Where the children are at rest.
-        bar->Current(Share(-std::int64_t{m_contentTop}, m_scrollBarRange, m_scrollExtent));
+        bar->Current(Saturated(Share(-std::int64_t{m_contentTop}, m_scrollBarRange, m_scrollExtent)));
     }
     bar->SetShowHide(!fits);
     if (!life.IsOver())
@@ -207,8 +204,8 @@ bool CPanel::MeasureContent()
     {
         bottom += m_scrollingMargin;
     }
-    m_contentTop = Common::detail::Saturated(top);
-    m_scrollExtent = Common::detail::Saturated(bottom - top - Height());
+    m_contentTop = Saturated(top);
+    m_scrollExtent = Saturated(bottom - top - Height());
     return fits;
 }
 
@@ -216,8 +213,7 @@ void CPanel::ScrollEvent(CWidget* a_source, int a_current)
 {
     if (a_source == m_scrollBar.Get())
     {
-        m_targetOffset = Common::detail::Saturated(
-            -(std::int64_t{Share(a_current, m_scrollExtent, m_scrollBarRange)} + m_contentTop));
+        m_targetOffset = Saturated(-(Share(a_current, m_scrollExtent, m_scrollBarRange) + m_contentTop));
     }
     if (m_scrolling)
     {
@@ -247,7 +243,7 @@ void CPanel::ScrollEvent(CWidget* a_source, int a_current)
 bool CPanel::OffsetChildren(std::int64_t a_distance)
 {
     const CLife life(Children());
-    const Common::CPoint distance(0, Common::detail::Saturated(a_distance));
+    const Common::CPoint distance(0, Saturated(a_distance));
     m_scrolling = true;
     detail::CWidgetList::CUpwards children(Children());
     while (const WidgetPtr child = children.Next())

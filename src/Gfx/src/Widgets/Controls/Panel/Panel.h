@@ -96,7 +96,6 @@ protected:
 private:
     using ScrollHandler = Core::Functor<void, CWidget*, int>::Method<CPanel>;
 
-    void MakeScrollBar();
     void UpdatePosition();
     void ScrollEvent(CWidget* a_source, int a_current);
     /// False if a move handler has destroyed the panel.

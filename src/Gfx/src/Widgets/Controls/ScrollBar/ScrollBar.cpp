@@ -10,6 +10,9 @@
 namespace Gfx::Widgets
 {
 
+using Common::detail::Saturated;
+using Common::detail::Share;
+
 namespace
 {
 
@@ -66,13 +69,6 @@ void SetElement(CTextureLayer& a_layer, const std::string& a_element)
     {
         a_layer.Element(a_element);
     }
-}
-
-/// a_factor * a_numerator / a_denominator, or 0 where there is nothing to divide by. The product of an int and a
-/// difference of two fits.
-std::int64_t Share(std::int64_t a_factor, std::int64_t a_numerator, std::int64_t a_denominator)
-{
-    return a_denominator != 0 ? a_factor * a_numerator / a_denominator : 0;
 }
 
 } // namespace
@@ -182,7 +178,7 @@ bool CScrollBar::UpdateSliderPosition(int a_value, bool a_silent)
 
 bool CScrollBar::MoveBySteps(int a_steps)
 {
-    return UpdateSliderPosition(Common::detail::Saturated(m_current + std::int64_t{a_steps} * m_stepSize), false);
+    return UpdateSliderPosition(Saturated(m_current + std::int64_t{a_steps} * m_stepSize), false);
 }
 
 void CScrollBar::Minimum(int a_minimum)
@@ -295,7 +291,7 @@ bool CScrollBar::StartDragging(const Common::CPoint& a_point)
 void CScrollBar::UpdateDragging(const Common::CPoint& a_displacement)
 {
     const std::int64_t change = Share(Along(a_displacement), std::int64_t{m_maximum} - m_minimum, m_travel);
-    UpdateSliderPosition(Common::detail::Saturated(change + m_dragStartValue), false);
+    UpdateSliderPosition(Saturated(change + m_dragStartValue), false);
 }
 
 void CScrollBar::EndDragging()

@@ -276,7 +276,7 @@ void CWindow::UpdateCustomInfo()
 {
     SetCustomInfo("Title", Title());
     SetCustomInfo("Modal", TextFromBool((m_flags & ewfModal) != 0));
-    SetCustomInfo("Draggable", TextFromBool(Draggable()));
+    SetCustomInfo("Draggable", TextFromBool((m_flags & ewfDraggable) != 0));
     SetCustomInfo("TitleBar", TextFromBool(HasTitleBar()));
 }
 
