@@ -1,4 +1,4 @@
-// Walks the property tables of all controls.
+// What all controls have in common: property tables that fit together, and an end of an update.
 
 #include "Gfx/Gfx.h"
 #include "support/StageTest.h"
@@ -106,6 +106,42 @@ TEST_F(PropertiesTest, WhatIsSetIsReadBackAndNoNameComesTwice)
         EXPECT_EQ(names.count("Visible"), 1U) << "the base class is reached";
         control->SetProperty("Of the application", "x");
         EXPECT_EQ(control->GetProperty("Of the application", "none"), "x");
+    }
+}
+
+TEST_F(PropertiesTest, AnUpdateOfStylesEndsWithAControlWhoseChildDestroysIt)
+{
+    class CFatalChild : public CWidget
+    {
+    public:
+        explicit CFatalChild(int& a_deaths) : m_deaths(a_deaths) {}
+        ~CFatalChild() override { ++m_deaths; }
+        void UpdateStyle() override
+        {
+            CWidget* top = this;
+            while (top->Parent() != nullptr)
+            {
+                top = top->Parent();
+            }
+            Widgets().DestroyWidget(top);
+        }
+
+    private:
+        int& m_deaths;
+    };
+
+    std::vector<WidgetPtr> controls = Controls();
+    ForgetTopLevels();
+    int deaths = 0;
+    int controlsDone = 0;
+    for (; !controls.empty(); ++controlsDone)
+    {
+        // By a plain pointer, so that nobody but the manager holds it.
+        CWidget* const control = controls.back().Get();
+        control->AddChild(WidgetPtr(new CFatalChild(deaths)));
+        controls.pop_back();
+        control->UpdateStyle();
+        EXPECT_EQ(deaths, controlsDone + 1);
     }
 }
 

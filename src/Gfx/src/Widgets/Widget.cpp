@@ -317,13 +317,16 @@ void CWidget::AddChild(WidgetPtr a_child)
     const WidgetPtr& childPtr = a_child;
     GFX_ASSERT(childPtr->CanBeChild());
     m_children.AddToFront(childPtr);
-    Adopt(childPtr);
+    if (!Adopt(childPtr))
+    {
+        return;
+    }
     childPtr->m_parent = this;
     childPtr->Invalidate(false);
     childPtr->NotifyPositionChanged();
 }
 
-void CWidget::Adopt(const WidgetPtr& a_child)
+bool CWidget::Adopt(const WidgetPtr& a_child)
 {
     if (GetActor() == nullptr)
     {
@@ -336,10 +339,22 @@ void CWidget::Adopt(const WidgetPtr& a_child)
     ClutterActor* const actor = a_child->GetActor();
     // Without this reference the actor might die on its way.
     g_object_ref(actor);
+    const CLife life(m_children);
     WidgetManager().Detach(a_child);
-    clutter_container_add_on_top(GetActor(), actor);
+    // The parent that it leaves may have run handlers that ended this widget, or gave the child to another one.
+    const bool isStray = clutter_actor_get_parent(actor) == nullptr;
+    const bool isAdopted = isStray && !life.IsOver() && m_children.Find(a_child.Get());
+    if (isAdopted)
+    {
+        clutter_container_add_on_top(GetActor(), actor);
+        a_child->ShowAsItWas();
+    }
+    else if (!life.IsOver())
+    {
+        m_children.Remove(a_child.Get());
+    }
     g_object_unref(actor);
-    a_child->ShowAsItWas();
+    return isAdopted;
 }
 
 void CWidget::ShowAsItWas()
@@ -576,11 +591,18 @@ void CWidget::UpdateLocalisedText()
 
 void CWidget::UpdateStyle()
 {
+    static_cast<void>(UpdateStyleSelf());
+}
+
+bool CWidget::UpdateStyleSelf()
+{
+    const CLife life(m_children);
     detail::CWidgetList::CUpwards children(m_children);
     while (const WidgetPtr child = children.Next())
     {
         child->UpdateStyle();
     }
+    return !life.IsOver();
 }
 
 void CWidget::UpdateCustomInfo() {}

@@ -270,6 +270,9 @@ protected:
     /// ended the widget. A handler that refuses makes no difference here.
     [[nodiscard]] bool ResizeSelf(int a_width, int a_height);
 
+    /// UpdateStyle() of this class, for overrides likewise.
+    [[nodiscard]] bool UpdateStyleSelf();
+
     /// For a control that is another one with more to it: the word of its own in status dumps.
     void SetType(const std::string& a_type) { m_type = a_type; }
 
@@ -306,7 +309,8 @@ private:
 
     const CWidgetStatus& UpdatedStatus();
     void DestroyFoundChild(const WidgetPtr& a_child);
-    void Adopt(const WidgetPtr& a_child);
+    /// Moves the child's actor into this widget's group; false if handlers have prevented it.
+    [[nodiscard]] bool Adopt(const WidgetPtr& a_child);
     void Orphan(CWidget& a_child);
     void SetVisible(bool a_visible);
     void SetEnabled(bool a_enabled);

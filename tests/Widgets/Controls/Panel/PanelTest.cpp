@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -237,6 +238,50 @@ TEST_F(PanelTest, HandlersThatScrollAndResizeItAgainComeToAnEndWithTheChildrenIn
     torn->AutoSize(true);
     Block(*torn, 50, 100);
     EXPECT_EQ(torn->Width(), 100);
+}
+
+TEST_F(PanelTest, AHandlerOfThePanelThatAChildLeavesMayPutItElsewhereOrEndItsNewParent)
+{
+    const auto panel = Add(100);
+    const WidgetPtr large = Block(*panel, 0, 300);
+    const auto other = Add(100, false);
+    const WidgetPtr child(new CBlock("child", 0, 0, 10, 10, Red));
+    Core::SharedPtr<CPanel> target;
+    std::function<void()> onMove;
+    const std::unique_ptr<MoveFunctor::Signature> handler(
+        MoveFunctor::Make([&onMove](CWidget*, const CPoint&) { return onMove(), true; }));
+    // The panel takes its children back to where they were, when one leaves.
+    const auto leave = [&](const std::function<void(CPanel&)>& a_leave, std::function<void()> a_onMove)
+    {
+        target = Core::SharedPtr<CPanel>(new CPanel("target", 0, 0, 100, 100, false, true));
+        CPanel& newParent = *target;
+        Widgets().AddWidget(target);
+        child->Move({0, 0});
+        panel->AddChild(child);
+        Step(*panel, true, 1);
+        large->SetMoveEventHandler(handler.get());
+        onMove = std::move(a_onMove);
+        a_leave(newParent);
+        large->SetMoveEventHandler(nullptr);
+        EXPECT_FALSE(panel->HasChild(child.Get()));
+        Widgets().DestroyWidget(target.Get());
+        Widgets().GarbageCollect();
+    };
+    const auto toTarget = [&child](CPanel& a_target) { a_target.AddChild(child); };
+    const auto toOther = [&] { other->AddChild(child); };
+    leave(toTarget, toOther);
+    EXPECT_EQ(child->Parent(), other.Get());
+    leave([&child](CPanel&) { Widgets().AddWidget(child); }, toOther);
+    EXPECT_EQ(child->Parent(), other.Get());
+    leave(toTarget, [&target] { target->RemoveAllChildren(); });
+    EXPECT_EQ(child->Parent(), nullptr);
+    leave(toTarget,
+          [&target]
+          {
+              Widgets().DestroyWidget(target.Get());
+              target.Reset();
+          });
+    EXPECT_EQ(child->Parent(), nullptr);
 }
 
 TEST_F(PanelTest, HandlersMayDestroyThePanelAtAnyStep)

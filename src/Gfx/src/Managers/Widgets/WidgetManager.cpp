@@ -67,6 +67,11 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
         a_widget->InitialiseClutterGroup();
     }
     Detach(a_widget);
+    if (clutter_actor_get_parent(a_widget->GetActor()) != nullptr)
+    {
+        // The parent that it leaves has run handlers, which have put it somewhere else.
+        return;
+    }
     clutter_container_add_on_top(stage, a_widget->GetActor());
     a_widget->ShowAsItWas();
     if (const WidgetPtr selected = std::exchange(m_selectedWidget, {}))

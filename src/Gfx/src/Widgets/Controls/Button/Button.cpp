@@ -393,7 +393,10 @@ void CButton::UpdateLocalisedText()
 
 void CButton::UpdateStyle()
 {
-    CWidget::UpdateStyle();
+    if (!UpdateStyleSelf())
+    {
+        return;
+    }
     m_text.UpdateStyle();
     for (auto& [name, set] : m_textureSets)
     {

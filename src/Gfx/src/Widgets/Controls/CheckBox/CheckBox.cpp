@@ -163,7 +163,10 @@ void CCheckBox::UpdateLocalisedText()
 
 void CCheckBox::UpdateStyle()
 {
-    CWidget::UpdateStyle();
+    if (!UpdateStyleSelf())
+    {
+        return;
+    }
     m_text.UpdateStyle();
     LoadTextures();
     UpdateLabelPosition();

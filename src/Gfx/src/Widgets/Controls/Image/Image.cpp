@@ -58,9 +58,8 @@ void CImage::Resize(int a_width, int a_height)
 
 void CImage::UpdateStyle()
 {
-    CWidget::UpdateStyle();
     // An element may be another one in another theme; pixels from memory are the same in all.
-    if (!m_isFile && !m_imageName.empty())
+    if (UpdateStyleSelf() && !m_isFile && !m_imageName.empty())
     {
         LoadTextures();
         QueueRedraw();

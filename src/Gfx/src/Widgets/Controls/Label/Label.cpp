@@ -187,7 +187,10 @@ void CLabel::UpdateLocalisedText()
 
 void CLabel::UpdateStyle()
 {
-    CWidget::UpdateStyle();
+    if (!UpdateStyleSelf())
+    {
+        return;
+    }
     m_text.UpdateStyle();
     LoadTextures();
     QueueRedraw();

@@ -470,9 +470,7 @@ void CPanel::ChildReceivedMouseEvent()
 
 void CPanel::UpdateStyle()
 {
-    const CLife life(Children());
-    CWidget::UpdateStyle();
-    if (!life.IsOver())
+    if (UpdateStyleSelf())
     {
         LoadTextures();
         Invalidate(false);

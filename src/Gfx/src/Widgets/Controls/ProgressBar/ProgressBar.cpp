@@ -129,8 +129,10 @@ void CProgressBar::Resize(int a_width, int a_height)
 
 void CProgressBar::UpdateStyle()
 {
-    CWidget::UpdateStyle();
-    LoadTextures();
+    if (UpdateStyleSelf())
+    {
+        LoadTextures();
+    }
 }
 
 void CProgressBar::UpdateCustomInfo()

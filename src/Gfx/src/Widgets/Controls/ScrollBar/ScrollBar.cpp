@@ -353,8 +353,10 @@ bool CScrollBar::Press(const Common::CPoint& a_point)
 
 void CScrollBar::UpdateStyle()
 {
-    CWidget::UpdateStyle();
-    LoadTextures();
+    if (UpdateStyleSelf())
+    {
+        LoadTextures();
+    }
 }
 
 void CScrollBar::UpdateCustomInfo()

@@ -260,9 +260,7 @@ void CWindow::UpdateLocalisedText()
 
 void CWindow::UpdateStyle()
 {
-    const CLife life(Children());
-    CWidget::UpdateStyle();
-    if (life.IsOver())
+    if (!UpdateStyleSelf())
     {
         return;
     }
