@@ -1,10 +1,16 @@
-// What all controls have in common: property tables that fit together, and an end of an update.
+// What all controls have in common: property tables that fit together, and an end of what destroys one.
 
 #include "Gfx/Gfx.h"
 #include "support/StageTest.h"
 
+#include <array>
+#include <functional>
 #include <map>
+#include <memory>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -109,39 +115,63 @@ TEST_F(PropertiesTest, WhatIsSetIsReadBackAndNoNameComesTwice)
     }
 }
 
-TEST_F(PropertiesTest, AnUpdateOfStylesEndsWithAControlWhoseChildDestroysIt)
+TEST_F(PropertiesTest, UpdatesAndEventsEndWithAControlThatTheyDestroy)
 {
+    const auto destroyTopLevelOf = [](CWidget* a_widget)
+    {
+        while (a_widget->Parent() != nullptr)
+        {
+            a_widget = a_widget->Parent();
+        }
+        Widgets().DestroyWidget(a_widget);
+    };
     class CFatalChild : public CWidget
     {
     public:
-        explicit CFatalChild(int& a_deaths) : m_deaths(a_deaths) {}
-        ~CFatalChild() override { ++m_deaths; }
-        void UpdateStyle() override
+        CFatalChild(int& a_deaths, std::function<void(CWidget*)> a_destroy)
+            : m_deaths(a_deaths), m_destroy(std::move(a_destroy))
         {
-            CWidget* top = this;
-            while (top->Parent() != nullptr)
-            {
-                top = top->Parent();
-            }
-            Widgets().DestroyWidget(top);
         }
+        ~CFatalChild() override { ++m_deaths; }
+        void UpdateStyle() override { m_destroy(this); }
 
     private:
         int& m_deaths;
+        std::function<void(CWidget*)> m_destroy;
     };
-
-    std::vector<WidgetPtr> controls = Controls();
-    ForgetTopLevels();
-    int deaths = 0;
-    int controlsDone = 0;
-    for (; !controls.empty(); ++controlsDone)
+    const std::unique_ptr<CWidget::ClickHandler> onClick(
+        Core::Functor<void, CWidget*, int, const Gfx::Common::CPoint&, bool>::Make(
+            [&](CWidget* a_widget, int, const Gfx::Common::CPoint&, bool) { destroyTopLevelOf(a_widget); }));
+    const std::unique_ptr<CWidget::MouseHandler> onMouse(
+        Core::Functor<void, CWidget*, Gfx::Events::EMouseEvent, int, const Gfx::Common::CPoint&, bool>::Make(
+            [&](CWidget* a_widget, Gfx::Events::EMouseEvent, int, const Gfx::Common::CPoint&, bool)
+            { destroyTopLevelOf(a_widget); }));
+    const std::array<std::function<void(CWidget&)>, 3> ways{
+        [](CWidget& a_control) { a_control.UpdateStyle(); },
+        [&](CWidget& a_control)
+        {
+            a_control.SetClickEventHandler(onClick.get());
+            a_control.MouseEvent(Gfx::Events::FirstClick, 1, {5, 5}, false);
+        },
+        [&](CWidget& a_control)
+        {
+            a_control.SetMouseEventHandler(onMouse.get());
+            a_control.MouseEvent(Gfx::Events::FirstDown, 1, {5, 5}, false);
+        }};
+    for (const auto& way : ways)
     {
-        // By a plain pointer, so that nobody but the manager holds it.
-        CWidget* const control = controls.back().Get();
-        control->AddChild(WidgetPtr(new CFatalChild(deaths)));
-        controls.pop_back();
-        control->UpdateStyle();
-        EXPECT_EQ(deaths, controlsDone + 1);
+        std::vector<WidgetPtr> controls = Controls();
+        ForgetTopLevels();
+        while (!controls.empty())
+        {
+            int deaths = 0;
+            // By a plain pointer, so that nobody but the manager holds it.
+            CWidget& control = *controls.back();
+            control.AddChild(WidgetPtr(new CFatalChild(deaths, destroyTopLevelOf)));
+            controls.pop_back();
+            way(control);
+            EXPECT_EQ(deaths, 1);
+        }
     }
 }
 

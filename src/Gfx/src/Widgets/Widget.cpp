@@ -469,19 +469,24 @@ void CWidget::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Commo
     {
         return;
     }
+    // Whoever sends an event by another road than the dispatch may not hold the widget.
+    const CLife life(m_children);
     if (m_mouseHandler != nullptr)
     {
         m_mouseHandler->Execute(this, a_event, a_buttons, a_point, a_remote);
     }
-    if (a_event == Events::NonClientHit && m_nonClientHitHandler != nullptr)
+    if (!life.IsOver() && a_event == Events::NonClientHit && m_nonClientHitHandler != nullptr)
     {
         m_nonClientHitHandler->Execute(this);
     }
-    if (a_event == Events::FirstClick && m_clickHandler != nullptr)
+    if (!life.IsOver() && a_event == Events::FirstClick && m_clickHandler != nullptr)
     {
         m_clickHandler->Execute(this, a_buttons, a_point, a_remote);
     }
-    ChildReceivedMouseEvent();
+    if (!life.IsOver())
+    {
+        ChildReceivedMouseEvent();
+    }
 }
 
 void CWidget::ChildReceivedMouseEvent()

@@ -357,7 +357,12 @@ void CButton::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Commo
     EState next = ebsInactive;
     if (!m_disabled)
     {
+        const CLife life(Children());
         CWidget::MouseEvent(a_event, a_buttons, a_point, a_remote);
+        if (life.IsOver())
+        {
+            return;
+        }
         // A handler may just have disabled it.
         next = m_disabled ? ebsInactive : StateAfter(a_event, a_buttons, a_point);
     }
