@@ -274,9 +274,7 @@ void CEditBox::KeyboardEvent(unsigned int a_key)
 
 void CEditBox::UpdateStyle()
 {
-    const CLife life(Children());
-    CWidget::UpdateStyle();
-    if (life.IsOver())
+    if (!UpdateStyleSelf())
     {
         return;
     }

@@ -519,9 +519,11 @@ void CGraph::Resize(int a_width, int a_height)
 
 void CGraph::UpdateStyle()
 {
-    CWidget::UpdateStyle();
-    ReadStyle();
-    Invalidate(false);
+    if (UpdateStyleSelf())
+    {
+        ReadStyle();
+        Invalidate(false);
+    }
 }
 
 void CGraph::UpdateCustomInfo()

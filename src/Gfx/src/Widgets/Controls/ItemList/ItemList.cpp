@@ -250,9 +250,7 @@ void CItemList<ItemT>::DrawSelf() const
 template <typename ItemT>
 void CItemList<ItemT>::UpdateStyle()
 {
-    const CLife life(Children());
-    CWidget::UpdateStyle();
-    if (life.IsOver())
+    if (!UpdateStyleSelf())
     {
         return;
     }

@@ -389,9 +389,7 @@ void CNumericEditBox::TypeInField(const FieldPtr& a_field, unsigned int a_key)
 
 void CNumericEditBox::UpdateStyle()
 {
-    const CLife life(Children());
-    CWidget::UpdateStyle();
-    if (!life.IsOver())
+    if (UpdateStyleSelf())
     {
         m_font.UpdateStyle();
         Font(m_font);
