@@ -1,7 +1,12 @@
 #include "Platform/Clutter/Clutter.h"
 
+#include "Platform/GL/Image.h"
+
+#include <gdk-pixbuf/gdk-pixbuf.h>
+
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <vector>
 
 namespace
@@ -33,6 +38,16 @@ CoglPipeline* PipelineOf(CoglTexture* a_texture)
     }
     cogl_object_set_user_data(COGL_OBJECT(a_texture), &s_pipelineKey, pipeline, cogl_object_unref);
     return pipeline;
+}
+
+int BytesPerPixel(CoglPixelFormat a_format)
+{
+    switch (a_format)
+    {
+    case COGL_PIXEL_FORMAT_A_8: return 1;
+    case COGL_PIXEL_FORMAT_RGB_888: return 3;
+    default: return 4;
+    }
 }
 
 } // namespace
@@ -87,17 +102,53 @@ void cogl_rectanglex(CoglFixed a_x, CoglFixed a_y, CoglFixed a_width, CoglFixed 
 CoglHandle cogl_texture_new_from_file(const char* a_path, gint, gboolean, CoglPixelFormat a_internalFormat,
                                       GError** a_error)
 {
-    return cogl_texture_new_from_file(a_path, COGL_TEXTURE_NONE, a_internalFormat, a_error);
+    const std::unique_ptr<GdkPixbuf, decltype(&g_object_unref)> image(gdk_pixbuf_new_from_file(a_path, a_error),
+                                                                      g_object_unref);
+    if (!image)
+    {
+        return nullptr;
+    }
+    const auto width = static_cast<guint>(gdk_pixbuf_get_width(image.get()));
+    const auto height = static_cast<guint>(gdk_pixbuf_get_height(image.get()));
+    const bool hasAlpha = gdk_pixbuf_get_has_alpha(image.get()) == TRUE;
+    CoglHandle texture = cogl_texture_new_from_data(
+        width, height, 0, TRUE, hasAlpha ? COGL_PIXEL_FORMAT_RGBA_8888 : COGL_PIXEL_FORMAT_RGB_888, a_internalFormat,
+        static_cast<guint>(gdk_pixbuf_get_rowstride(image.get())), gdk_pixbuf_read_pixels(image.get()));
+    if (texture == nullptr)
+    {
+        g_set_error(a_error, COGL_BITMAP_ERROR, COGL_BITMAP_ERROR_FAILED, "No texture can be made of %u by %u pixels",
+                    width, height);
+    }
+    return texture;
 }
 
 CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint, gboolean, CoglPixelFormat a_format,
                                       CoglPixelFormat a_internalFormat, guint a_rowStride, const guchar* a_data)
 {
+    Platform::CImage image(static_cast<int>(a_width), static_cast<int>(a_height), BytesPerPixel(a_format), a_data,
+                           static_cast<int>(a_rowStride));
+    CoglPixelFormat format = a_format;
+    if (a_format == COGL_PIXEL_FORMAT_RGBA_8888)
+    {
+        image.Premultiply();
+        format = COGL_PIXEL_FORMAT_RGBA_8888_PRE;
+    }
     // Left to choose, Cogl would store alpha alone as black pixels.
     const bool isAlphaAlone = a_format == COGL_PIXEL_FORMAT_A_8 && a_internalFormat == COGL_PIXEL_FORMAT_ANY;
-    return cogl_texture_new_from_data(static_cast<int>(a_width), static_cast<int>(a_height), COGL_TEXTURE_NONE,
-                                      a_format, isAlphaAlone ? a_format : a_internalFormat,
-                                      static_cast<int>(a_rowStride), a_data);
+    // Of its own storage: Cogl would draw the texture into another one to take it out of an atlas, for the mipmaps.
+    CoglTexture* const texture = static_cast<CoglTexture*>(
+        cogl_texture_new_from_data(image.Width(), image.Height(), COGL_TEXTURE_NO_ATLAS, format,
+                                   isAlphaAlone ? a_format : a_internalFormat, image.RowStride(), image.Pixels()));
+    if (texture != nullptr && cogl_is_texture_2d(texture))
+    {
+        // Made here, mipmaps cost the driver no shaders, which a software renderer would compile for them at start-up.
+        cogl_primitive_texture_set_auto_mipmap(COGL_PRIMITIVE_TEXTURE(texture), FALSE);
+        for (int level = 1; image.Halve(); ++level)
+        {
+            cogl_texture_set_data(texture, format, image.RowStride(), image.Pixels(), level, nullptr);
+        }
+    }
+    return texture;
 }
 
 void cogl_texture_release(CoglHandle a_texture)

@@ -26,11 +26,12 @@ void cogl_texture_multiple_rectangles(CoglHandle a_texture, const CoglFixed* a_v
 void cogl_rectanglex(CoglFixed a_x, CoglFixed a_y, CoglFixed a_width, CoglFixed a_height);
 
 /// Loads an image file as a texture, which the caller owns. Null, with a_error set, if that fails. a_maxWaste and
-/// a_autoMipmap are without effect: how a texture is sliced is Cogl's affair, and mipmaps are made where they are used.
+/// a_autoMipmap are without effect: how a texture is sliced is Cogl's affair, and there are always mipmaps.
 CoglHandle cogl_texture_new_from_file(const char* a_path, gint a_maxWaste, gboolean a_autoMipmap,
                                       CoglPixelFormat a_internalFormat, GError** a_error);
 
-/// Makes a texture, which the caller owns, from pixels in memory; a row stride of 0 means rows without padding.
+/// Makes a texture, which the caller owns, from pixels in memory: A_8, RGB_888 or RGBA_8888; a row stride of 0 means
+/// rows without padding.
 CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint a_maxWaste, gboolean a_autoMipmap,
                                       CoglPixelFormat a_format, CoglPixelFormat a_internalFormat, guint a_rowStride,
                                       const guchar* a_data);

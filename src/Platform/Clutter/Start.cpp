@@ -60,6 +60,8 @@ private:
 bool StartClutter(int* a_argc, char*** a_argv, GError** a_error)
 {
     setenv("COGL_DRIVER", "gl", 0);
+    // Texts aren't drawn smaller than they are, and mipmaps of the glyphs cost a software renderer several shaders.
+    setenv("CLUTTER_DISABLE_MIPMAPPED_TEXT", "1", 0);
     const bool bareConsole = std::getenv("DISPLAY") == nullptr && HasGraphicsCard();
     // CLUTTER_BACKEND in the environment wins over this.
     clutter_set_windowing_backend(bareConsole ? "eglnative" : "x11");

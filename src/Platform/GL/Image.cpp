@@ -1,0 +1,64 @@
+#include "Platform/GL/Image.h"
+
+#include <algorithm>
+
+namespace Platform
+{
+
+CImage::CImage(int a_width, int a_height, int a_bytesPerPixel, const std::uint8_t* a_pixels, int a_rowStride)
+    : m_width(a_width), m_height(a_height), m_bytesPerPixel(a_bytesPerPixel)
+{
+    const auto length = static_cast<std::size_t>(RowStride());
+    const auto stride = a_rowStride != 0 ? static_cast<std::size_t>(a_rowStride) : length;
+    m_pixels.resize(length * static_cast<std::size_t>(m_height));
+    for (std::size_t row = 0; row < static_cast<std::size_t>(m_height); ++row)
+    {
+        std::copy_n(a_pixels + row * stride, length, m_pixels.data() + row * length);
+    }
+}
+
+void CImage::Premultiply()
+{
+    for (std::size_t i = 0; i + 3 < m_pixels.size(); i += 4)
+    {
+        for (std::size_t component = i; component < i + 3; ++component)
+        {
+            // A division by 255, rounded to nearest, exactly as Cogl does it.
+            const unsigned product = unsigned{m_pixels[component]} * m_pixels[i + 3] + 128;
+            m_pixels[component] = static_cast<std::uint8_t>(((product >> 8U) + product) >> 8U);
+        }
+    }
+}
+
+bool CImage::Halve()
+{
+    if (m_width <= 1 && m_height <= 1)
+    {
+        return false;
+    }
+    const auto step = static_cast<std::size_t>(m_bytesPerPixel);
+    // Of a side of one pixel, that pixel counts twice.
+    const std::size_t right = m_width > 1 ? step : 0;
+    const std::size_t below = m_height > 1 ? static_cast<std::size_t>(RowStride()) : 0;
+    const auto stride = static_cast<std::size_t>(RowStride());
+    m_width = std::max(m_width / 2, 1);
+    m_height = std::max(m_height / 2, 1);
+    // In place: what is written lies before all that is still to be read.
+    std::uint8_t* target = m_pixels.data();
+    for (std::size_t y = 0; y < static_cast<std::size_t>(m_height); ++y)
+    {
+        const std::uint8_t* source = m_pixels.data() + y * 2 * stride;
+        for (std::size_t x = 0; x < static_cast<std::size_t>(m_width); ++x, source += 2 * step)
+        {
+            for (std::size_t component = 0; component < step; ++component)
+            {
+                const std::uint8_t* pixel = source + component;
+                const unsigned sum = unsigned{pixel[0]} + pixel[right] + pixel[below] + pixel[right + below];
+                *target++ = static_cast<std::uint8_t>((sum + 2) / 4);
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace Platform
