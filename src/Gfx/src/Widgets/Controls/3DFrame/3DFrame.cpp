@@ -192,10 +192,11 @@ void C3DFrame::Resize(int a_width, int a_height)
 
 void C3DFrame::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote)
 {
+    const CLife life(Children());
     // A handler may change what the argument refers to.
     const Common::CPoint point = a_point;
     CWidget::MouseEvent(a_event, a_buttons, point, a_remote);
-    if (a_event != Events::FirstClick || !m_picking)
+    if (life.IsOver() || a_event != Events::FirstClick || !m_picking)
     {
         return;
     }

@@ -238,10 +238,11 @@ void CEditBox::Resize(int a_width, int a_height)
 
 void CEditBox::MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote)
 {
+    const CLife life(Children());
     // A handler may change what the argument refers to.
     const Common::CPoint point = a_point;
     CWidget::MouseEvent(a_event, a_buttons, a_point, a_remote);
-    if (a_event != Events::FirstDown)
+    if (life.IsOver() || a_event != Events::FirstDown)
     {
         return;
     }
