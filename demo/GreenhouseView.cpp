@@ -1,4 +1,4 @@
-#include "GreenhouseView.h"
+#include "demo/GreenhouseView.h"
 
 #include <clutter/clutter.h>
 

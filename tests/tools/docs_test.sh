@@ -18,4 +18,4 @@ fits()
 }
 fits themes data/Configuration/ThemeConfig.xml
 fits textures data/TextureMaps/TextureConfig.xml
-fits localisation demo/Localisation/*.xml
+fits localisation demo/gallery/Localisation/*.xml

@@ -1,6 +1,6 @@
 #include "Gallery.h"
 
-#include "GreenhouseView.h"
+#include "demo/GreenhouseView.h"
 
 #include <algorithm>
 #include <array>

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "demo/GreenhouseView.h"
+#include "demo/Simulation.h"
+
+#include <Gfx/Gfx.h>
+
+#include <array>
+#include <functional>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Demo
+{
+
+/// The program behind the layouts of a greenhouse: it shows the state of a simulation by properties of widgets, and
+/// does what the layouts' notifications ask for. It lives to the end of the process, as the widgets do.
+class CGreenhouse
+{
+public:
+    /// Puts the first page on the stage.
+    CGreenhouse();
+    ~CGreenhouse();
+
+    /// A minute of the greenhouse passes.
+    void Step();
+
+    [[nodiscard]] const SSimulation& Simulation() const { return m_simulation; }
+
+private:
+    using CWidget = Gfx::Widgets::CWidget;
+    using WidgetPtr = CWidget::WidgetPtr;
+
+    struct SAlarm
+    {
+        enum EState
+        {
+            esNone,
+            esNew,
+            esSeen
+        };
+
+        const char* id;
+        const char* text;
+        bool (*isCause)(const SSimulation& a_simulation);
+        EState state = esNone;
+        int since = 0;
+    };
+
+    void MakeScreens();
+    void MakeWizard();
+    void MakeHistory();
+    void AddHandlers();
+    void On(const std::string& a_notification, std::function<void(const std::string&)> a_action);
+
+    /// By the path of the widget, which needn't be on the stage.
+    template <typename WidgetT>
+    [[nodiscard]] WidgetT* Find(const std::string& a_path) const;
+    [[nodiscard]] bool IsChecked(const std::string& a_path) const;
+    void Set(const std::string& a_path, const std::string& a_property, const std::string& a_value) const;
+    void SetBool(const std::string& a_path, const std::string& a_property, bool a_value) const;
+
+    /// Shows what the simulation says.
+    void Show();
+    void ShowClimate() const;
+    void ShowWater() const;
+    void ShowHistory();
+
+    void CheckAlarms();
+    void ShowAlarm(const std::string& a_id) const;
+    void ListAlarm(const SAlarm& a_alarm) const;
+    void ClearAlarm(const std::string& a_id);
+
+    void ChangeSetPoint(const std::string& a_change);
+    void SetLanguage(const std::string& a_language);
+    void FinishSetup();
+
+    SSimulation m_simulation;
+    std::array<SAlarm, 4> m_alarms;
+    /// The widgets at the top of all layouts, by their names.
+    std::map<std::string, WidgetPtr> m_screens;
+    std::list<std::unique_ptr<Gfx::Managers::CLayoutManager::NotificationHandler>> m_handlers;
+    CGreenhouseView* m_view = nullptr;
+    int m_shownVents = -1;
+    Core::SharedPtr<Gfx::Widgets::CWizard> m_wizard;
+    std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
+    Gfx::Widgets::CGraph* m_graph = nullptr;
+    int m_historyHours = 1;
+};
+
+} // namespace Demo
