@@ -36,6 +36,7 @@ protected:
             WidgetPtr(new CListGrid("a", 0, 0, 50, 50, false)),
             WidgetPtr(new CMessageBox("a", 0, 0, 400, 300, "", "message", "Yes", "", "")),
             WidgetPtr(new CNumericEditBox("a", 0, 0, 50, 50, {})),
+            WidgetPtr(new COnScreenKeyboard("a", 0, 0, "Letters", "", "")),
             WidgetPtr(new CPanel("a", 0, 0, 50, 50, false, false)),
             WidgetPtr(new CProgressBar("a", 0, 0, 50, 50, 0, 10, 5, true)),
             WidgetPtr(new CRadioButton("a", 0, 0, 50, 50, "")),
@@ -56,6 +57,7 @@ protected:
     {
         static const std::map<std::string, std::string> s_values{
             {"Visible", "False"},    {"Opacity", "40"},       {"Text", "new text"},
+            {"Visible", "False"},    {"Opacity", "40"},       {"Text", "a b"},
             {"Background", "True"},  {"ParseMarkup", "True"}, {"BackgroundTexture", "Icon"},
             {"Disabled", "True"},    {"TextureSet", "Other"}, {"Checked", "True"},
             {"ReadOnly", "True"},    {"Minimum", "3"},        {"Maximum", "7"},
@@ -63,6 +65,7 @@ protected:
             {"MaximumLength", "7"},  {"IsPassword", "True"},  {"SelectedItem", "b"},
             {"AutoScaleX", "Scale"}, {"AutoScaleY", "Off"},   {"ShowX", "True"},
             {"ShowY", "True"},       {"Picking", "True"},
+            {"ShowY", "True"},       {"Mode", "Time"},        {"Layout", "Numbers"},
         };
         const auto value = s_values.find(a_name);
         return value != s_values.end() ? value->second : "";
