@@ -2,6 +2,7 @@
 //
 //   Apply id            makes a layout live
 //   Tap x y             presses and releases
+//   Type text           keys for the selected widget
 //   Show id, Hide id    of a widget, by its full name
 //   Set id name value   sets a property
 //   SetFlag name value
@@ -17,6 +18,7 @@
 //   Log text               a log line, anywhere in the case
 
 #include "Core/IO/XMLDocument.h"
+#include "Layout/NumericEditBoxElement.h"
 #include "Managers/Layout/LayoutManager.h"
 #include "Widgets/Property.h"
 #include "support/LogGuard.h"
@@ -50,6 +52,14 @@ std::vector<std::string> Cases()
 class LayoutCasesTest : public GfxTest::CControlTest, public testing::WithParamInterface<std::string>
 {
 protected:
+    static void SetUpTestSuite()
+    {
+        CControlTest::SetUpTestSuite();
+        static CLayoutManager::ElementConstructor::Function s_constructor(
+            &Gfx::Managers::ElementBuilder<Gfx::Layout::CNumericEditBoxElement>);
+        Layouts().RegisterElementConstructor("NumericEditBox", &s_constructor);
+    }
+
     static CLayoutManager& Layouts() { return StaticSingleton<CLayoutManager>::ref(); }
 
     void TearDown() override
@@ -104,6 +114,13 @@ protected:
         else if (word == "Tap")
         {
             Click(Gfx::Widgets::NumberFromText(text("x")), Gfx::Widgets::NumberFromText(text("y")));
+        }
+        else if (word == "Type")
+        {
+            for (const char key : text("text"))
+            {
+                Widgets().KeyboardEvent(static_cast<unsigned char>(key));
+            }
         }
         else if (word == "Show" || word == "Hide")
         {

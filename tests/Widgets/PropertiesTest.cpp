@@ -76,6 +76,8 @@ TEST_F(PropertiesTest, WhatIsSetIsReadBackAndNoNameComesTwice)
 {
     for (const WidgetPtr& control : Controls())
     {
+        // A keyboard is hidden at first.
+        control->Show();
         if (auto* button = dynamic_cast<CButton*>(control.Get()))
         {
             button->SetTextures("Icon", "Icon", "Icon", "Other");

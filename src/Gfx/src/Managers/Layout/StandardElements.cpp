@@ -4,7 +4,9 @@
 #include "Layout/CheckboxElement.h"
 #include "Layout/Frame3DElement.h"
 #include "Layout/GraphElement.h"
+#include "Layout/EditBoxElement.h"
 #include "Layout/ImageElement.h"
+#include "Layout/KeyboardElement.h"
 #include "Layout/LabelElement.h"
 #include "Layout/ListBoxElement.h"
 #include "Layout/ListGridElement.h"
@@ -39,7 +41,9 @@ const std::vector<SStandardElement>& StandardElements()
         Standard<CButtonElement>("Button", "a button with a text, an image or both"),
         Standard<CCheckboxElement>("CheckBox", "a box to tick, with a text beside it"),
         Standard<CGraphElement>("Graph", "series of points as lines, which the application adds"),
+        Standard<CEditBoxElement>("EditBox", "a field for one line of text"),
         Standard<CImageElement>("Image", "a picture: a texture element, or a file"),
+        Standard<CKeyboardElement>("Keyboard", "a keyboard on the screen; not within another element"),
         Standard<CLabelElement>("Label", "a text, with or without a background"),
         Standard<CListBoxElement>("ListBox", "items to choose from, one below the other"),
         Standard<CListGridElement>("ListGrid", "items to choose from, as tiles in rows"),
