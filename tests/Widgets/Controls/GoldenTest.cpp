@@ -218,6 +218,15 @@ TEST_P(GoldenTest, ListsOfItems)
     ExpectPicture("Lists");
 }
 
+TEST_P(GoldenTest, Keyboard)
+{
+    const auto keyboard = AddTopLevel(new COnScreenKeyboard("keyboard", 0, 0, "Greek", "", ""));
+    keyboard->Text("\u0395\u03BB\u03BB\u03AC\u03B4\u03B1");
+    keyboard->SetNoCancel(true);
+    keyboard->Show();
+    ExpectPicture("Keyboard");
+}
+
 INSTANTIATE_TEST_SUITE_P(Themes, GoldenTest, testing::Values("Day", "Night", "Contrast"),
                          [](const testing::TestParamInfo<const char*>& a_info) { return std::string(a_info.param); });
 
