@@ -2,6 +2,8 @@
 
 #include "demo/GreenhouseView.h"
 
+#include <clutter/clutter.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -105,6 +107,7 @@ CGallery::CGallery() : m_screen(new CImage("screen", 0, 0, 800, 480, "Screen"))
     AddModels();
     m_navigation->Thaw();
     AddSwitches();
+    SetTheme("Day");
     ShowPage(0);
 }
 
@@ -155,6 +158,15 @@ void CGallery::ShowPage(std::size_t a_index)
         m_pages[i].panel->SetShowHide(i == a_index);
     }
     m_navigation->SelectItem(m_pages[a_index].name, true);
+}
+
+void CGallery::SetTheme(const std::string& a_theme)
+{
+    Themes().SetTheme(a_theme);
+    // Nothing is drawn behind a window that covers the screen, and the corners of windows are round.
+    const Gfx::CColour colour = a_theme == "Day" ? Gfx::Colours::Gainsboro : Gfx::Colours::Black;
+    const ClutterColor background{colour.Red(), colour.Green(), colour.Blue(), colour.Alpha()};
+    clutter_actor_set_background_color(StaticSingleton<Gfx::Managers::CGfxManager>::ref().GetStage(), &background);
 }
 
 CWidget* CGallery::ShowExtra(std::size_t a_index)
@@ -535,8 +547,7 @@ void CGallery::AddKeyboards()
         }
         ++index;
     }
-    AddLabel(page, {20, 226, 564, 44}, "What a keyboard hands back:",
-             Gfx::eaLeft | Gfx::eaMiddle);
+    AddLabel(page, {20, 226, 564, 44}, "What a keyboard hands back:", Gfx::eaLeft | Gfx::eaMiddle);
 }
 
 void CGallery::AddWindows()
@@ -658,7 +669,7 @@ void CGallery::AddSwitches()
     int x = 524;
     for (const auto& [icon, theme] : themes)
     {
-        OnClick(AddIcon(*m_screen, x, 12, icon), [theme = theme] { Themes().SetTheme(theme); });
+        OnClick(AddIcon(*m_screen, x, 12, icon), [theme = theme] { SetTheme(theme); });
         x += 68;
     }
     OnClick(AddIcon(*m_screen, x, 12, "Icon_Globe"), [this] { NextLanguage(); });

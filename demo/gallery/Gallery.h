@@ -22,6 +22,8 @@ public:
     [[nodiscard]] const std::string& PageName(std::size_t a_index) const { return m_pages[a_index].name; }
     void ShowPage(std::size_t a_index);
 
+    static void SetTheme(const std::string& a_theme);
+
     /// Brings up what a page shows by a touch: a message box, a wizard. Null if it has nothing of that kind.
     Gfx::Widgets::CWidget* ShowExtra(std::size_t a_index);
 

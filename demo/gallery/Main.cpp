@@ -40,7 +40,7 @@ bool WritePictures(Demo::CGallery& a_gallery, const std::string& a_folder)
     auto& widgets = StaticSingleton<Gfx::Managers::CWidgetManager>::ref();
     for (const char* theme : {"Day", "Night", "Contrast"})
     {
-        StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme(theme);
+        Demo::CGallery::SetTheme(theme);
         for (std::size_t page = 0; page < a_gallery.PageCount(); ++page)
         {
             a_gallery.ShowPage(page);

@@ -112,7 +112,10 @@ void PrintProperties(CWidget& a_widget)
 
 XMLNode MakeNode(const std::string& a_type)
 {
-    return {a_type, {}, {{"id", a_type}, {"x", "0"}, {"y", "0"}, {"width", "200"}, {"height", "100"}}, {}};
+    return {a_type,
+            {},
+            {{"id", a_type}, {"x", "0"}, {"y", "0"}, {"width", "200"}, {"height", "100"}, {"layout", "Describe"}},
+            {}};
 }
 
 /// One widget of each kind of control.
