@@ -16,6 +16,10 @@ fits()
 {
     xmllint --noout --schema "docs/schemas/$1.xsd" "${@:2}" 2>"$work/xmllint" || { cat "$work/xmllint"; exit 1; }
 }
+fits configuration data/Configuration/GfxConfig.xml
+fits keyboards data/Configuration/OSK.xml
+fits layouts demo/greenhouse/Layouts/*.xml
+fits localisation demo/*/Localisation/*.xml
+fits models data/Models/Models.xml
 fits themes data/Configuration/ThemeConfig.xml
 fits textures data/TextureMaps/TextureConfig.xml
-fits localisation demo/gallery/Localisation/*.xml

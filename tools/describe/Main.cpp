@@ -101,7 +101,7 @@ void PrintProperties(CWidget& a_widget)
     {
         properties.insert_or_assign(std::string(property.name), property);
     }
-    Tag("control", {{"name", a_widget.Type()}}, false);
+    Tag("control", {{"name", a_widget.Name()}}, false);
     for (const auto& [name, property] : properties)
     {
         Tag("property", {{"name", name}, {"read", YesNo(property.isReadable)}, {"write", YesNo(property.isWritable)}},
