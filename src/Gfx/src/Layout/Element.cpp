@@ -22,9 +22,19 @@ using Core::Patterns::StaticSingleton;
 namespace
 {
 
-/// Lists that run each other, such as one at "Show" that hides the widget and one at "Hide" that shows it again, come
-/// to an end; a nest of conditions in a file is less deep.
-constexpr int k_deepestList = 512;
+/// What one event sets off: its list, the lists within that, and those of further events that the actions cause. Lists
+/// can run each other for ever, as one at "Show" that hides the widget and one at "Hide" that shows it again, or for
+/// longer than anybody waits, where each runs another one twice: what goes beyond these limits ends as a whole. A nest
+/// of conditions in a file is less deep.
+struct SRun
+{
+    static constexpr int k_deepest = 512;
+    static constexpr int k_longest = 100'000;
+
+    int depth = 0;
+    int actions = 0;
+    bool isEndless = false;
+};
 
 template <typename... Args>
 void Report(const std::string& a_format, const Args&... a_arguments)
@@ -98,19 +108,25 @@ CElement::WidgetPtr CElement::Widget()
 
 bool CElement::ExecuteActions(ActionList a_actions)
 {
-    static int s_depth = 0;
-    if (s_depth == k_deepestList)
-    {
-        Report("The actions of element %s run each other without end", m_common.id);
-        return true;
-    }
-    ++s_depth;
+    static SRun s_run;
     bool goesOn = true;
-    for (std::size_t i = 0; i < a_actions.size() && goesOn; ++i)
+    ++s_run.depth;
+    for (std::size_t i = 0; i < a_actions.size() && goesOn && !s_run.isEndless; ++i)
     {
-        goesOn = a_actions[i]->Execute(*this);
+        if (s_run.depth > SRun::k_deepest || ++s_run.actions > SRun::k_longest)
+        {
+            Report("The actions of element %s run each other without end", m_common.id);
+            s_run.isEndless = true;
+        }
+        else
+        {
+            goesOn = a_actions[i]->Execute(*this);
+        }
     }
-    --s_depth;
+    if (--s_run.depth == 0)
+    {
+        s_run = {};
+    }
     return goesOn;
 }
 
@@ -179,6 +195,11 @@ std::vector<SActionInfo> CElement::ActionWords()
         }
     }
     return list;
+}
+
+std::string CElement::TextOf(const XMLNode& a_node)
+{
+    return Core::Utilities::trim(a_node.Data());
 }
 
 void CElement::SetCommon(const std::string& a_id, int a_opacity, bool a_visible)
@@ -283,7 +304,7 @@ void CElement::ProcessFont(const XMLNode& a_node, Text::CFontSettings& a_font)
     const auto value = [&a_node](const char* a_name, std::string& a_text)
     {
         const XMLNode* const node = a_node.Child(a_name);
-        a_text = node != nullptr ? Core::Utilities::trim(node->Data()) : "";
+        a_text = node != nullptr ? TextOf(*node) : "";
         return node != nullptr;
     };
     std::string text;

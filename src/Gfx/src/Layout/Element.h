@@ -161,6 +161,9 @@ protected:
     /// The text of a "style" attribute that asks for the raised look.
     static constexpr const char* k_raisedStyle = "Up";
 
+    /// The text in a node, without the white space that a file is laid out with.
+    [[nodiscard]] static std::string TextOf(const Core::IO::XMLNode& a_node);
+
     /// For elements that don't call PreProcess.
     void SetCommon(const std::string& a_id, int a_opacity, bool a_visible);
 
