@@ -6,7 +6,9 @@
 //   Show id, Hide id    of a widget, by its full name
 //   Set id name value   sets a property
 //   SetFlag name value
-//   Handler name result handles a notification, and answers with True or False
+//   Handler name result handles a notification, and answers with True or False; with "destroys" it first destroys the
+//                       widget of that name, or all with "*"
+//   Idle                an idle round
 //
 // and expectations between them:
 //
@@ -89,13 +91,39 @@ protected:
         return widget;
     }
 
-    void Handle(const std::string& a_name, bool a_result)
+    /// A child through its parent, as the toolkit asks for.
+    static void Destroy(const std::string& a_id)
+    {
+        const WidgetPtr widget = Widgets().FindWidget(a_id, nullptr);
+        if (widget && widget->Parent() != nullptr)
+        {
+            widget->Parent()->DestroyChild(widget);
+        }
+        else
+        {
+            Widgets().DestroyWidget(widget.Get());
+        }
+    }
+
+    void Handle(const std::string& a_name, bool a_result, const std::string& a_destroys)
     {
         using Handler = Core::Functor<bool, WidgetPtr, const std::string&, const std::string&>;
         auto* const handler = Handler::Make(
-            [this, a_result](const WidgetPtr& a_widget, const std::string& a_what, const std::string& a_parameter)
+            [this, a_result, a_destroys](const WidgetPtr& a_widget, const std::string& a_what,
+                                         const std::string& a_parameter)
             {
                 m_notified += a_what + ' ' + a_parameter + ' ' + a_widget->GetName() + ';';
+                if (a_destroys == "*")
+                {
+                    for (const WidgetPtr& widget : Widgets().TopLevelWidgets())
+                    {
+                        Widgets().DestroyWidget(widget.Get());
+                    }
+                }
+                else
+                {
+                    Destroy(a_destroys);
+                }
                 return a_result;
             });
         m_handlers[a_name].reset(handler);
@@ -136,7 +164,11 @@ protected:
         }
         else if (word == "Handler")
         {
-            Handle(text("name"), text("result") == "True");
+            Handle(text("name"), text("result") == "True", text("destroys"));
+        }
+        else if (word == "Idle")
+        {
+            Widgets().Idle();
         }
         else if (word == "Expect")
         {

@@ -167,6 +167,21 @@ TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndFollowsTheTheme)
     EXPECT_TRUE(second.Font().colour == Gfx::Colours::Red);
 }
 
+TEST_F(LayoutManagerTest, OfTwoTexturesForOnePartOfAScrollBarTheLastCounts)
+{
+    const GfxTest::CTemporaryDirectory data;
+    data.Write("bar.xml", "<Layouts><Layout id='Bar'><Image id='i' x='0' y='0' width='100' height='100' image='Icon'/>"
+                          "<Scrollbar id='s' x='0' y='100' width='300' height='60'><TextureSet><Bar>Red_Up</Bar>"
+                          "<Bar>\n  Icon\n</Bar></TextureSet></Scrollbar></Layout></Layouts>");
+    Layouts().ParseLayoutFile(data.Path() + "bar.xml");
+    for (const WidgetPtr& widget : Layouts().RetrieveLayout("Bar"))
+    {
+        AddToStage(widget);
+    }
+    const GfxTest::CPicture picture = FreshPicture();
+    EXPECT_EQ(picture.At(200, 130), picture.At(50, 50));
+}
+
 TEST_F(LayoutManagerTest, EveryStandardElementDescribesItself)
 {
     for (const Gfx::Managers::SStandardElement& kind : Gfx::Managers::StandardElements())

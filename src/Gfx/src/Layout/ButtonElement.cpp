@@ -42,13 +42,6 @@ constexpr std::array s_rows{
     SAttribute<SValues>{"textureSet", &SValues::textureSet, "the texture set to begin with"},
 };
 
-/// The text of a child node; empty if there is none.
-std::string ChildText(const XMLNode& a_node, const char* a_name)
-{
-    const XMLNode* const child = a_node.Child(a_name);
-    return child != nullptr ? child->Data() : "";
-}
-
 } // namespace
 
 CElement* CButtonElement::Process(CElement* a_parent, const XMLNode& a_node)
@@ -153,9 +146,14 @@ void CButtonElement::ProcessTextureSet(const XMLNode& a_node)
             "A texture set was found without an id. It will not be processed");
         return;
     }
-    const std::string inactive = ChildText(a_node, "Inactive");
-    const std::string hover = ChildText(a_node, "Hover");
-    const std::string active = ChildText(a_node, "Active");
+    const auto text = [&a_node](const char* a_name)
+    {
+        const XMLNode* const child = a_node.Child(a_name);
+        return child != nullptr ? TextOf(*child) : "";
+    };
+    const std::string inactive = text("Inactive");
+    const std::string hover = text("Hover");
+    const std::string active = text("Active");
     if (!inactive.empty() && !hover.empty() && !active.empty())
     {
         Button().SetTextures(inactive, hover, active, id);

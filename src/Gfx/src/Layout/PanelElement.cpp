@@ -31,7 +31,9 @@ struct SValues
 constexpr std::array s_rows{
     SAttribute<SValues>{"allowScrolling", &SValues::allowScrolling, "whether what is too high is scrolled"},
     SAttribute<SValues>{"style", &SValues::style, "Up for the raised background, anything else for the lowered one"},
-    SAttribute<SValues>{"autoClose", &SValues::autoClose, "the seconds without a touch after which it is hidden"},
+    SAttribute<SValues>{
+        "autoClose", &SValues::autoClose,
+        "the seconds without a touch after which it is hidden again; a visible one that has had none closes at once"},
     SAttribute<SValues>{"autoSize", &SValues::autoSize, "whether it takes the size of its visible children"},
     SAttribute<SValues>{"anchorPoint", &SValues::anchorPoint,
                         "what stays in place then: Left or Right, Top or Bottom; otherwise the middle"},
@@ -77,7 +79,10 @@ CElement* CPanelElement::Process(CElement* a_parent, const XMLNode& a_node)
     panel->AutocloseInterval(values.autoClose);
     panel->AutoSize(values.autoSize);
     panel->AnchorPoint(AnchorPointFromString(values.anchorPoint));
-    panel->SetShowHide(Visible());
+    if (!Visible())
+    {
+        panel->Hide();
+    }
     panel->Background(values.background);
     if (!values.backgroundTexture.empty())
     {

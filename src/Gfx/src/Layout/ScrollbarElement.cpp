@@ -4,6 +4,7 @@
 #include "Widgets/Controls/ScrollBar/ScrollBar.h"
 
 #include <array>
+#include <map>
 #include <string>
 
 namespace Gfx::Layout
@@ -31,18 +32,6 @@ constexpr std::array s_rows{
     SAttribute<SValues>{"step", &SValues::step, "what a stepper adds"},
 };
 
-void ProcessTextureSet(Widgets::CScrollBar& a_bar, const XMLNode& a_set)
-{
-    const auto text = [&a_set](const char* a_name) -> std::string
-    {
-        const XMLNode* const child = a_set.Child(a_name);
-        return child != nullptr ? child->Data() : "";
-    };
-    a_bar.SetTextures(text("Bar"), text("SliderInactive"), text("SliderActive"), text("StepperInactive"),
-                      text("StepperActive"));
-    a_bar.SetImages(text("Stepper1"), text("Stepper2"));
-}
-
 } // namespace
 
 CElement* CScrollbarElement::Process(CElement* a_parent, const XMLNode& a_node)
@@ -67,6 +56,19 @@ CElement* CScrollbarElement::Process(CElement* a_parent, const XMLNode& a_node)
         }
     }
     return this;
+}
+
+void CScrollbarElement::ProcessTextureSet(Widgets::CScrollBar& a_bar, const XMLNode& a_set)
+{
+    // Of two nodes with one name the last counts.
+    std::map<std::string, std::string> names;
+    for (const XMLNode& child : a_set.Children())
+    {
+        names[child.Name()] = TextOf(child);
+    }
+    a_bar.SetTextures(names["Bar"], names["SliderInactive"], names["SliderActive"], names["StepperInactive"],
+                      names["StepperActive"]);
+    a_bar.SetImages(names["Stepper1"], names["Stepper2"]);
 }
 
 std::vector<SAttributeInfo> CScrollbarElement::Attributes() const

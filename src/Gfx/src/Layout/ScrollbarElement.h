@@ -28,6 +28,7 @@ public:
     void ScrollHandler(Widgets::CWidget* a_widget, int a_current);
 
 private:
+    static void ProcessTextureSet(Widgets::CScrollBar& a_bar, const Core::IO::XMLNode& a_set);
     void ProcessEvents(Widgets::CScrollBar& a_bar, const Core::IO::XMLNode& a_events);
 
     ActionList m_scrollActions;

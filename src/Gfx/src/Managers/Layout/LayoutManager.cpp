@@ -171,9 +171,10 @@ void CLayoutManager::ApplyLayout(const std::string& a_id)
     const Elements elements = *found;
     for (const Layout::CElement::ElementPtr& element : elements)
     {
-        if (const WidgetPtr widget = element ? element->Widget() : WidgetPtr())
+        if (element)
         {
-            StaticSingleton<CWidgetManager>::ref().AddWidget(widget);
+            // A RadioGroup has none, which the widget manager reports: it belongs in a container.
+            StaticSingleton<CWidgetManager>::ref().AddWidget(element->Widget());
         }
     }
 }
