@@ -229,6 +229,28 @@ TEST_F(ReloadTest, AFaultInALayoutFileLeavesAllLayouts)
     std::filesystem::remove(s_data.Path() + "Layouts/Bad.xml");
 }
 
+TEST_F(ReloadTest, AFormerLayoutHearsNoMoreOfTouchesBesideIt)
+{
+    const auto write = [](const std::string& a_word)
+    {
+        WriteLayouts(Layout("Popup", "<Panel id='p' x='0' y='0'><Panel id='c' x='0' y='0'><Events><NonClientHit>"
+                                     "<SetFlag id='beside' value='" +
+                                         a_word + "'/></NonClientHit></Events></Panel></Panel>"));
+        EXPECT_TRUE(Reload().empty());
+    };
+    write("former");
+    Apply("Popup");
+    write("now");
+    auto& layouts = StaticSingleton<CLayoutManager>::ref();
+    Click(700, 400);
+    EXPECT_EQ(layouts.GetFlag("beside"), "now");
+    WriteLayouts("");
+    EXPECT_TRUE(Reload().empty());
+    layouts.SetFlag("beside", "");
+    Click(700, 400);
+    EXPECT_EQ(layouts.GetFlag("beside"), "");
+}
+
 TEST_F(ReloadTest, AMessageBoxAnswersToTheElementThatHasPutItUp)
 {
     const std::string click = "<Events><Click><ShowMessageBox btn1='Yes'><Button1><SetFlag id='answered' "

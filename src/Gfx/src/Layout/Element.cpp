@@ -10,6 +10,7 @@
 #include "Layout/Actions/ShowMessageBox.h"
 #include "Layout/Actions/WidgetActions.h"
 #include "Managers/Layout/LayoutManager.h"
+#include "Managers/Widgets/WidgetManager.h"
 
 #include <utility>
 
@@ -150,6 +151,18 @@ bool CElement::PreProcess(const XMLNode& a_node)
 bool CElement::ProcessChild(CElement* a_parent, const XMLNode& a_node)
 {
     return StaticSingleton<Managers::CLayoutManager>::ref().ProcessChild(a_parent, a_node);
+}
+
+void CElement::Retire()
+{
+    StaticSingleton<Managers::CWidgetManager>::ref().DeregisterForNonClientHitEvents(m_widget);
+    for (const ElementPtr& child : m_children)
+    {
+        if (child)
+        {
+            child->Retire();
+        }
+    }
 }
 
 std::vector<SAttributeInfo> CElement::Attributes() const

@@ -106,6 +106,10 @@ public:
     /// Makes a nested element; false if no kind of element has the node's name.
     virtual bool ProcessChild(CElement* a_parent, const Core::IO::XMLNode& a_node);
 
+    /// For the layout manager, when a layout is replaced: the widgets of the element and of those in it hear no more of
+    /// touches beside them.
+    void Retire();
+
     /// What a layout file may give the element, for documentation and editors.
     [[nodiscard]] virtual std::vector<SAttributeInfo> Attributes() const;
     [[nodiscard]] virtual std::vector<SEventInfo> Events() const;

@@ -108,6 +108,13 @@ bool CLayoutManager::Reload(std::vector<std::string>& a_errors, bool a_remake)
     m_rawLayouts = std::move(fresh);
     for (auto& [layout, elements] : former)
     {
+        for (const Layout::CElement::ElementPtr& element : elements)
+        {
+            if (element)
+            {
+                element->Retire();
+            }
+        }
         Remake(layout, elements);
         m_formerElements.push_back(std::move(elements));
     }
