@@ -75,7 +75,7 @@ TEST_F(ObjectLoaderTest, LinesMakeTrianglesAndGroups)
         // Indices that there aren't.
         {"f 0/1/1 2/2/2 3/3/3\nf -1/1/1 2/2/2 3/3/3\nf 6/1/1 2/2/2 3/3/3\nf 1/6/1 2/2/2 3/3/3\n", "()"},
         {"f 99999999999/1/1 2/2/2 3/3/3\nf -2147483648/1/1 2/2/2 3/3/3\nf 2147483647/1/1 2/2/2 3/3/3\n", "()"},
-        {"f 1/1/-7 2/2/0 3/3/99\n", "(1/10 2/20 3/30)"},
+        {"f 1/1/-7 2/2/0 3/3/99999999999\n", "(1/10 2/20 3/30)"},
         // But they may come later, until the group ends.
         {"f 6/1/1 2/2/2 3/3/3\nv 6 0 0\n", "(6/10 2/20 3/30)"},
         {"g a\nf 6/1/1 2/2/2 3/3/3\ng b\nv 6 0 0\n", "()()"},
@@ -103,10 +103,11 @@ TEST_F(ObjectLoaderTest, NumbersAreReadAsTheCLibraryReadsThem)
     {
         const char* number;
         float value;
-    } cases[] = {
-        {"1.5", 1.5F},          {"+.25", 0.25F},        {"-3.", -3},           {"12e-1", 1.2F}, {"\t\v7E+2", 700},
-        {"0.1000000001", 0.1F}, {"-1e60", -k_infinity}, {"1e999", k_infinity}, {"1e-60", 0},    {"-1e-999", 0},
-        {"1e-40", 1e-40F},      {"inf", k_infinity},    {"16777217", 16777216}};
+    } cases[] = {{"1.5", 1.5F},          {"+.25", 0.25F},       {"-3.", -3},
+                 {"12e-1", 1.2F},        {"\t\v7E+2", 700},     {"0.1000000001", 0.1F},
+                 {"-1e60", -k_infinity}, {"1e999", k_infinity}, {"1e-60", 0},
+                 {"-1e-999", 0},         {"1e-40", 1e-40F},     {"inf", k_infinity},
+                 {"16777217", 16777216}, {"-0x1.8p1", -3},      {"+3e", 3}};
     for (const auto& example : cases)
     {
         const auto groups = Load("v 0 " + std::string(example.number) + " 0\nvt 0 0\nf 1/1/1 1/1/1 1/1/1");
@@ -116,7 +117,7 @@ TEST_F(ObjectLoaderTest, NumbersAreReadAsTheCLibraryReadsThem)
     }
     EXPECT_EQ(Loaded("v nan 0 0\nvt 0 0\nf 1/1/1 1/1/1 1/1/1"), "(nan/0 nan/0 nan/0)");
     EXPECT_EQ(Load("v nan 0 0").front()->extent, std::numeric_limits<float>::min());
-    for (const char* number : {"", "-", "+-1", "e5", "--1", "."})
+    for (const char* number : {"", "-", "+-1", "e5", "--1", ".", "0x", "infi"})
     {
         EXPECT_EQ(Loaded("v " + std::string(number) + "\nv 1 2 3\nvt 0 0\nf 1/1/1 1/1/1 1/1/1"), "(1/0 1/0 1/0)")
             << number;

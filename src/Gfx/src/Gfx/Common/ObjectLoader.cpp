@@ -3,6 +3,8 @@
 #include "Core/Assert.h"
 #include "Gfx/Common/GroupBuilder.h"
 
+#include <locale.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -11,6 +13,7 @@
 #include <deque>
 #include <limits>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -29,16 +32,22 @@ bool IsBlank(char a_character)
     return a_character == ' ' || (a_character >= '\t' && a_character <= '\r');
 }
 
-/// What the C library makes of a number that a float can't hold.
-float BeyondRange(std::string_view a_number)
+bool IsLetter(char a_character)
 {
-    double value = 0;
-    const auto result = std::from_chars(a_number.data(), a_number.data() + a_number.size(), value);
-    // A second minus sign is the exponent's.
-    const bool isSmall =
-        result.ec == std::errc() ? std::abs(value) < 1 : a_number.find('-', 1) != std::string_view::npos;
-    const float magnitude = isSmall ? 0 : std::numeric_limits<float>::infinity();
-    return a_number.front() == '-' ? -magnitude : magnitude;
+    const int lower = a_character | 0x20;
+    return lower >= 'a' && lower <= 'z';
+}
+
+/// Reads a number at the start of a text by the C library itself; gives its end, or null for none. It is slow, and
+/// alone knows what becomes of numbers like 1e999, 0x10, 3e and infi.
+const char* ReadByCLibrary(std::string_view a_text, float& a_number)
+{
+    static const locale_t s_locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    const locale_t previous = uselocale(s_locale);
+    int length = 0;
+    const bool isNumber = std::sscanf(std::string(a_text).c_str(), "%f%n", &a_number, &length) == 1;
+    uselocale(previous);
+    return isNumber ? a_text.data() + length : nullptr;
 }
 
 /// Reads numbers from a text, one after the other, as scanf does with %f and %d, whatever the locale.
@@ -55,19 +64,22 @@ public:
         {
             return false;
         }
-        if (result.ec == std::errc::result_out_of_range)
-        {
-            a_number = BeyondRange({from, static_cast<std::size_t>(result.ptr - from)});
-        }
-        m_at = result.ptr;
-        return true;
+        const bool isPlain =
+            result.ec == std::errc() && (result.ptr == m_end || !IsLetter(*result.ptr)) && result.ptr[-1] != ')';
+        m_at = isPlain ? result.ptr : ReadByCLibrary({from, m_end}, a_number);
+        return m_at != nullptr;
     }
 
     [[nodiscard]] bool Read(int& a_number)
     {
-        const auto result = std::from_chars(Begin(), m_end, a_number);
+        const char* const from = Begin();
+        const auto result = std::from_chars(from, m_end, a_number);
         m_at = result.ptr;
-        return result.ec == std::errc();
+        if (result.ec == std::errc::result_out_of_range)
+        {
+            a_number = *from == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+        }
+        return result.ec != std::errc::invalid_argument;
     }
 
     [[nodiscard]] bool Skip(char a_character)
