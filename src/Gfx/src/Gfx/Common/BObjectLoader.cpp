@@ -101,13 +101,10 @@ public:
                 continue;
             }
             const std::size_t offset = m_data.Tell();
-            const std::size_t size = itemSize * static_cast<std::size_t>(count);
-            if (size > m_data.Size() - offset)
-            {
-                break;
-            }
-            ReadItems(tag, offset, static_cast<std::uint32_t>(count));
-            m_data.Seek(offset + size);
+            const std::size_t rest = m_data.Size() - offset;
+            const std::size_t wholeItems = std::min(static_cast<std::size_t>(count), rest / itemSize);
+            ReadItems(tag, offset, static_cast<std::uint32_t>(wholeItems));
+            m_data.Seek(offset + std::min(itemSize * static_cast<std::size_t>(count), rest));
             if (m_groups.size() > k_mostModelGroups)
             {
                 return false;

@@ -14,8 +14,8 @@ namespace Gfx::Managers
 
 /// Reads models from the compact binary format .bobj; docs/models.md describes it.
 ///
-/// A triangle with an index that no vertex or texture coordinate has is dropped. A record that claims more than the
-/// rest of the file ends the load.
+/// A triangle with an index that no vertex or texture coordinate has is dropped. A record that is cut
+/// short by the end of the file has the items that are there as a whole.
 class GFX_API CBObjectLoader
 {
 public:
