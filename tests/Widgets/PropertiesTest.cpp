@@ -56,7 +56,6 @@ protected:
     static std::string ValueFor(const std::string& a_name)
     {
         static const std::map<std::string, std::string> s_values{
-            {"Visible", "False"},    {"Opacity", "40"},       {"Text", "new text"},
             {"Visible", "False"},    {"Opacity", "40"},       {"Text", "a b"},
             {"Background", "True"},  {"ParseMarkup", "True"}, {"BackgroundTexture", "Icon"},
             {"Disabled", "True"},    {"TextureSet", "Other"}, {"Checked", "True"},
@@ -64,8 +63,8 @@ protected:
             {"Current", "6"},        {"Step", "2"},           {"Title", "new title"},
             {"MaximumLength", "7"},  {"IsPassword", "True"},  {"SelectedItem", "b"},
             {"AutoScaleX", "Scale"}, {"AutoScaleY", "Off"},   {"ShowX", "True"},
-            {"ShowY", "True"},       {"Picking", "True"},
-            {"ShowY", "True"},       {"Mode", "Time"},        {"Layout", "Numbers"},
+            {"ShowY", "True"},       {"Picking", "True"},     {"Mode", "Time"},
+            {"Layout", "Numbers"},
         };
         const auto value = s_values.find(a_name);
         return value != s_values.end() ? value->second : "";
