@@ -198,6 +198,11 @@ TEST_F(InputManagerTest, ThePointerGoesThroughTheCalibration)
     Button(false, 900, 2000);
     EXPECT_EQ(TakeLog(), "w:Move(1;0,479) w:FirstUp(1;0,479) w:FirstClick(1;0,479) ");
     EXPECT_EQ(input.RawCoordinates(), CPoint(900, 2000));
+    input.UseCalibration(CInputManager::k_identity);
+    Button(true, 1e30F, std::nanf(""));
+    EXPECT_EQ(TakeLog(), "w:Move(0;799,0) w:FirstDown(1;799,0) ");
+    Button(false, -1e30F, 2e9F);
+    EXPECT_EQ(TakeLog(), "w:Move(1;0,479) w:FirstUp(1;0,479) w:FirstClick(1;0,479) ");
 }
 
 } // namespace

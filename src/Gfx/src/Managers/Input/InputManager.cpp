@@ -3,6 +3,8 @@
 #include "Managers/Widgets/WidgetManager.h"
 #include "Platform/Clutter/Clutter.h"
 
+#include <algorithm>
+#include <cmath>
 #include <type_traits>
 
 template class Core::Patterns::StaticSingleton<Gfx::Managers::CInputManager>;
@@ -24,12 +26,19 @@ void SendKey(unsigned int a_symbol)
     StaticSingleton<CWidgetManager>::ref().KeyboardEvent(a_symbol);
 }
 
+/// Cut to a whole number. Events that a program makes can have any coordinates.
+int Pixel(float a_coordinate)
+{
+    constexpr float furthest = 1 << 30;
+    return std::isnan(a_coordinate) ? 0 : static_cast<int>(std::clamp(a_coordinate, -furthest, furthest));
+}
+
 Common::CPoint EventPoint(const ClutterEvent* a_event)
 {
     float x = 0;
     float y = 0;
     clutter_event_get_coords(a_event, &x, &y);
-    return {static_cast<int>(x), static_cast<int>(y)};
+    return {Pixel(x), Pixel(y)};
 }
 
 gboolean OnStageEvent(ClutterActor*, ClutterEvent* a_event, gpointer)
