@@ -93,9 +93,21 @@ void Report(const char* a_problem, const std::string& a_path, const char* a_reas
 
 CConfigTransaction::CConfigTransaction(const CConfig* a_config) : m_config(a_config), m_values(g_key_file_new())
 {
+    if (m_config == nullptr)
+    {
+        return;
+    }
+    // To open a pipe may take for ever; and a device must not be replaced by a file.
+    std::error_code statusError;
+    const std::filesystem::file_status status = std::filesystem::status(m_config->Path(), statusError);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+    {
+        m_isReadable = false;
+        ReportOnce("Unable to read", "it isn't a regular file");
+        return;
+    }
     GError* error = nullptr;
-    if (m_config == nullptr ||
-        g_key_file_load_from_file(m_values.get(), m_config->Path().c_str(),
+    if (g_key_file_load_from_file(m_values.get(), m_config->Path().c_str(),
                                   GKeyFileFlags(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS),
                                   &error) != FALSE)
     {

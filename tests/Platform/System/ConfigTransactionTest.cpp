@@ -5,6 +5,7 @@
 #include "support/TemporaryDirectory.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -98,6 +99,13 @@ TEST_F(ConfigTransactionTest, WhatIsDamagedGivesTheFallbacksAndOneLine)
     Set("x", 1);
     GfxTest::ExpectLog("it could not be read");
     EXPECT_EQ(Text(file), "not a folder");
+
+    fs::remove(file);
+    fs::create_directories(file);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    Set("x", 1);
+    GfxTest::ExpectLog("it isn't a regular file");
+    EXPECT_TRUE(fs::is_fifo(path));
 }
 
 TEST_F(ConfigTransactionTest, AFailedWriteLeavesTheOldFileWhole)
