@@ -92,11 +92,14 @@ TEST_F(ToolTest, AWrongCommandLineIsExplained)
                                                       {"tree", "--size", "8", "a"},
                                                       {"tree", "--size", "0x9", "a"},
                                                       {"tree", "--size", "8x9px", "a"},
-                                                      {"shot", "a"}})
+                                                      {"shot", "a"},
+                                                      {"model"},
+                                                      {"model", "a", "b"},
+                                                      {"model", "a", "-o", "b.obj"}})
     {
         const SResult result = RunTool(arguments);
         EXPECT_EQ(result.exit, 2) << testing::PrintToString(arguments);
-        EXPECT_TRUE(Has(result.err, "help")) << result.err;
+        EXPECT_TRUE(Has(result.err, "help") || Has(result.err, ".bobj")) << result.err;
         EXPECT_EQ(result.out, "");
     }
     EXPECT_EQ(RunTool({"--help"}).exit, 0);
@@ -128,6 +131,28 @@ TEST_F(ToolTest, TreePrintsTheWidgetsOfALayout)
     EXPECT_EQ(RunTool({"tree", "--theme", "Three", m_data.Path()}).exit, 1);
     EXPECT_EQ(RunTool({"tree", "--language", "xx", m_data.Path()}).exit, 1);
     EXPECT_EQ(RunTool({"tree", m_data.Path() + "Layouts"}).exit, 1);
+}
+
+TEST_F(ToolTest, ModelConvertsAndSaysWhatIsInAModel)
+{
+    const std::string points = "v 1 0 0\nv 2 0 -7.5\nv 3 0 0\nvt 0 0\n";
+    const std::string text =
+        m_data.Write("a.obj", points + "f 1/1/1 2/1/1 3/1/1 1/1/1\ng a\ng b\nf 1/1/1 2/1/1 3/1/1 # end\n");
+    const std::string binary = m_data.Path() + "a.bobj";
+    const SResult result = RunTool({"model", text});
+    EXPECT_EQ(result.exit, 0) << result.err;
+    EXPECT_EQ(result.out, "groups 2\ntriangles 3\nextent 7.5\n");
+    EXPECT_EQ(RunTool({"model", text, "-o", binary}).exit, 0);
+    EXPECT_EQ(RunTool({"model", binary}).out, result.out);
+    EXPECT_EQ(RunTool({"model", text, "-o", m_data.Path() + "none/a.bobj"}).exit, 1);
+    EXPECT_EQ(RunTool({"model", m_data.Path()}).exit, 1);
+    EXPECT_EQ(RunTool({"model", m_data.Write("empty.bobj", "")}).exit, 1);
+    for (const char* cut : {"f ", "f 1/1/1 2/1", "f 1/1/1 2/1/1 ", "f 1/1/1 2/1/1 3/", "f 1/1/1 2/1/1 3/1/1 1"})
+    {
+        const SResult refused = RunTool({"model", m_data.Write("cut.obj", points + cut), "-o", binary});
+        EXPECT_EQ(refused.exit, 1) << cut;
+        EXPECT_TRUE(Has(refused.err, "cut.obj:5: a ")) << refused.err;
+    }
 }
 
 TEST_F(ToolTest, ShotWritesAPictureForEachCombination)

@@ -33,11 +33,18 @@ constexpr std::array s_commands{
              "and nodes that nothing knows, numbers that are none, missing ids and places. The exit code\n"
              "is 1 if there is any.",
              0, Check},
+    SCommand{"model", "looks into a model, or converts it",
+             "Prints how many groups and triangles the model FILE has, and its largest absolute coordinate.\n"
+             "With --output, writes it as a binary model, whose name has .bobj in it, instead. A model whose\n"
+             "name has .bobj in it is taken for a binary one, any other for text (OBJ).",
+             eoFile, Model},
 };
 
 void PrintUsage(std::FILE* a_stream)
 {
-    std::fputs("Usage: gfx COMMAND [OPTION...] DIR\n\nWorks with data directories of libGfx. Commands:\n", a_stream);
+    std::fputs("Usage: gfx COMMAND [OPTION...] DIR\n       gfx model [OPTION...] FILE\n\n"
+               "Works with data directories and models of libGfx. Commands:\n",
+               a_stream);
     for (const SCommand& command : s_commands)
     {
         std::fprintf(a_stream, "  %-8s%s\n", command.name, command.summary);

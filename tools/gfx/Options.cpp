@@ -67,9 +67,12 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
         entries.push_back(
             {"size", 's', 0, G_OPTION_ARG_STRING, &size, "of the stage in pixels, 800x480 if not given", "WxH"});
     }
-    if ((a_command.options & eoOutput) != 0)
+    const bool takesFile = (a_command.options & eoFile) != 0;
+    const bool needsOutput = (a_command.options & eoOutput) != 0;
+    if (takesFile || needsOutput)
     {
-        entries.push_back({"output", 'o', 0, G_OPTION_ARG_FILENAME, &output, "the folder to write to", "OUT"});
+        entries.push_back({"output", 'o', 0, G_OPTION_ARG_FILENAME, &output,
+                           takesFile ? "the file to write" : "the folder to write to", "OUT"});
     }
     if ((a_command.options & eoOnce) != 0)
     {
@@ -78,8 +81,8 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
     entries.push_back({"verbose", 'v', 0, G_OPTION_ARG_NONE, &verbose, "shows the toolkit's log", nullptr});
     entries.push_back({nullptr, 0, 0, G_OPTION_ARG_NONE, nullptr, nullptr, nullptr});
 
-    const std::unique_ptr<GOptionContext, decltype(&g_option_context_free)> context(g_option_context_new("DIR"),
-                                                                                    g_option_context_free);
+    const std::unique_ptr<GOptionContext, decltype(&g_option_context_free)> context(
+        g_option_context_new(takesFile ? "FILE" : "DIR"), g_option_context_free);
     g_option_context_set_summary(context.get(), a_command.description);
     g_option_context_add_main_entries(context.get(), entries.data(), nullptr);
     g_option_context_set_help_enabled(context.get(), FALSE);
@@ -125,7 +128,8 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
     }
     if (count != 2)
     {
-        a_exit = Fail(a_command, count < 2 ? "which data directory?" : "one data directory at a time");
+        const std::string operand = takesFile ? "file" : "data directory";
+        a_exit = Fail(a_command, count < 2 ? "which " + operand + "?" : "one " + operand + " at a time");
         return false;
     }
     if (!sizeText.empty() && !ReadSize(sizeText, a_options.width, a_options.height))
@@ -133,10 +137,15 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
         a_exit = Fail(a_command, '"' + sizeText + "\" is no size such as 800x480");
         return false;
     }
-    if ((a_command.options & eoOutput) != 0 && a_options.output.empty())
+    if (needsOutput && a_options.output.empty())
     {
         a_exit = Fail(a_command, "which folder to write to? (--output)");
         return false;
+    }
+    if (takesFile)
+    {
+        a_options.file = arguments[1];
+        return true;
     }
     a_options.directory = arguments[1];
     if (!a_options.directory.ends_with('/'))

@@ -9,8 +9,9 @@ namespace Tool
 /// What a command line asks for.
 struct SOptions
 {
-    /// The data directory, with a separator at its end.
+    /// The data directory, with a separator at its end; of a command that takes a file, empty.
     std::string directory;
+    std::string file;
     std::vector<std::string> layouts;
     std::string theme;
     std::string language;
@@ -21,13 +22,15 @@ struct SOptions
     bool once = false;
 };
 
-/// Which options a command takes beside the data directory.
+/// Which options a command takes, and what on.
 enum EOptions : unsigned
 {
     eoLayout = 1U << 0U,
     eoStyle = 1U << 1U,
     eoOutput = 1U << 2U,
     eoOnce = 1U << 3U,
+    /// A file in place of the data directory; its output is a file, too, and needn't be given.
+    eoFile = 1U << 4U,
 };
 
 /// Exit codes, for scripts.

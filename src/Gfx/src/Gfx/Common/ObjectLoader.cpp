@@ -108,6 +108,13 @@ private:
     const char* m_end;
 };
 
+using FilePtr = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+FilePtr Open(const std::string& a_path)
+{
+    return {std::fopen(a_path.c_str(), "rb"), std::fclose};
+}
+
 /// The lines of a file. Of a line beyond k_longestLine bytes, the rest is left out.
 class CLines
 {
@@ -172,6 +179,23 @@ private:
     std::size_t m_bytesRead = 0;
     bool m_isAtEnd = false;
 };
+
+constexpr std::size_t k_mostCorners = 4;
+using CornerTexts = std::array<std::string_view, k_mostCorners>;
+
+/// Finds the corners of a face, each with the rest of the line, and says how many there are. A corner begins behind
+/// each blank, and two blanks in a row make two.
+std::size_t FindCorners(std::string_view a_line, CornerTexts& a_corners)
+{
+    const std::string_view line = a_line.substr(0, a_line.find('\0'));
+    std::size_t count = 0;
+    for (std::size_t blank = line.find(' '); blank != std::string_view::npos && count < k_mostCorners;
+         blank = line.find(' ', blank + 1))
+    {
+        a_corners[count++] = line.substr(blank + 1);
+    }
+    return count;
+}
 
 struct SCorner
 {
@@ -278,21 +302,15 @@ private:
         }
     }
 
-    /// A corner begins behind each blank, and two blanks in a row make two.
     void ReadFace(std::string_view a_line)
     {
-        constexpr std::size_t mostCorners = 4;
-        const std::string_view line = a_line.substr(0, a_line.find('\0'));
-        std::array<SCorner, mostCorners> corners;
-        std::size_t vertexIndex = 0;
-        for (std::size_t blank = line.find(' '); blank != std::string_view::npos && vertexIndex < mostCorners;
-             blank = line.find(' ', blank + 1))
-        {
-            corners[vertexIndex++] = ReadCorner(line.substr(blank + 1));
-        }
+        CornerTexts texts;
+        const std::size_t vertexIndex = FindCorners(a_line, texts);
         GFX_ASSERT(vertexIndex >= 3);
         GFX_ASSERT(vertexIndex <= 4);
-        if (vertexIndex == mostCorners)
+        std::array<SCorner, k_mostCorners> corners;
+        std::transform(texts.begin(), texts.begin() + vertexIndex, corners.begin(), ReadCorner);
+        if (vertexIndex == k_mostCorners)
         {
             AddTriangle(corners[0], corners[2], corners[3]);
         }
@@ -330,7 +348,7 @@ private:
 
 GeometryPtrList CObjectLoader::LoadObjectFile(const std::string& a_path)
 {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(a_path.c_str(), "rb"), std::fclose);
+    const FilePtr file = Open(a_path);
     if (!file)
     {
         return {};
@@ -352,6 +370,41 @@ GeometryPtrList CObjectLoader::LoadObjectFile(const std::string& a_path)
         return {};
     }
     return std::move(model.Groups());
+}
+
+std::string CObjectLoader::FirstBadFace(const std::string& a_path)
+{
+    const FilePtr file = Open(a_path);
+    if (!file)
+    {
+        return {};
+    }
+    CLines lines(file.get());
+    std::size_t number = 0;
+    for (std::string_view line; lines.Next(line);)
+    {
+        ++number;
+        if (!line.starts_with("f "))
+        {
+            continue;
+        }
+        CornerTexts texts;
+        const std::size_t count = FindCorners(line, texts);
+        if (count < 3)
+        {
+            return std::to_string(number) + ": a face of fewer than three corners";
+        }
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            // Behind three corners there may be a blank or a comment.
+            const bool isCorner = i < 3 || (!texts[i].empty() && texts[i].front() >= '0' && texts[i].front() <= '9');
+            if (isCorner && !ReadCorner(texts[i]).isValid)
+            {
+                return std::to_string(number) + ": a corner needs three numbers, as 1/2/3";
+            }
+        }
+    }
+    return {};
 }
 
 void CObjectLoader::AddNewGroup(GeometryPtrList& a_groups, const std::vector<STriFace>& a_faces,

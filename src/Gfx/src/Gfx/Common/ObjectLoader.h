@@ -33,6 +33,11 @@ public:
     /// log, if it exceeds k_largestModelFile or k_mostModelGroups.
     [[nodiscard]] static GeometryPtrList LoadObjectFile(const std::string& a_path);
 
+    /// The first face that LoadObjectFile would leave out for how it is written, or end the process for: the number of
+    /// its line and a reason, as "12: a face of fewer than three corners". Empty if all are well, or if the file can't
+    /// be opened.
+    [[nodiscard]] static std::string FirstBadFace(const std::string& a_path);
+
     /// Appends a group of triangles, which may be none. Normals aren't used.
     static void AddNewGroup(GeometryPtrList& a_groups, const std::vector<STriFace>& a_faces,
                             const std::vector<Core::Maths::Vector3<float>>& a_vertices,
