@@ -1,5 +1,6 @@
 #include "Managers/Layout/LayoutManager.h"
 
+#include "Core/IO/XMLDocument.h"
 #include "Layout/ButtonElement.h"
 #include "Layout/LabelElement.h"
 #include "Widgets/Controls/Button/Button.h"
@@ -91,6 +92,27 @@ TEST_F(LayoutManagerTest, ALayoutIsMadeOnceAndKeepsItsState)
     EXPECT_NE(output.find("CLayoutManager::ApplyLayout: could not find layout \n"), std::string::npos) << output;
     EXPECT_TRUE(Layouts().RetrieveLayout("unknown").empty());
     Widgets().DestroyWidget(label.Get());
+}
+
+TEST_F(LayoutManagerTest, ALayoutThatIsMadeAgainLeavesTheFormerWidgetsWorking)
+{
+    const GfxTest::CTemporaryDirectory data;
+    Core::IO::XMLDocument document;
+    ASSERT_TRUE(document.Parse(data.Write(
+        "again.xml", "<Layout id='Again'><Panel id='p' x='0' y='0'><Events><NonClientHit><SetFlag id='besideAgain' "
+                     "value='hit'/></NonClientHit><Hide><SetFlag id='again' value='hidden'/></Hide></Events></Panel>"
+                     "</Layout>")));
+    const XMLNode* const layout = document.Section("Layout");
+    ASSERT_NE(layout, nullptr);
+    Layouts().ParseLayoutNode(*layout);
+    const WidgetPtr former = Layouts().RetrieveLayout("Again").front();
+    AddToStage(former);
+    Layouts().ParseLayoutNode(*layout);
+    EXPECT_NE(Layouts().RetrieveLayout("Again").front(), former);
+    former->Hide();
+    EXPECT_EQ(Layouts().GetFlag("again"), "hidden");
+    Click(700, 400);
+    EXPECT_EQ(Layouts().GetFlag("besideAgain"), "hit");
 }
 
 /// What an application adds: a kind of its own, and another button.

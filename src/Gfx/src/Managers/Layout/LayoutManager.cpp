@@ -130,7 +130,12 @@ void CLayoutManager::ParseLayoutNode(const XMLNode& a_layout)
         }
         elements.emplace_back(constructor->Execute(nullptr, child));
     }
-    m_parsedLayouts[id] = std::move(elements);
+    Elements& parsed = m_parsedLayouts[id];
+    if (!parsed.empty())
+    {
+        m_formerElements.push_back(std::move(parsed));
+    }
+    parsed = std::move(elements);
 }
 
 const CLayoutManager::Elements* CLayoutManager::FindOrParse(const std::string& a_id, bool a_report)

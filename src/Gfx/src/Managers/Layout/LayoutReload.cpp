@@ -31,6 +31,17 @@ Widgets WidgetsOf(const std::vector<Layout::CElement::ElementPtr>& a_elements)
     return widgets;
 }
 
+void Retire(const std::vector<Layout::CElement::ElementPtr>& a_elements)
+{
+    for (const Layout::CElement::ElementPtr& element : a_elements)
+    {
+        if (element)
+        {
+            element->Retire();
+        }
+    }
+}
+
 Widgets::iterator Find(Widgets& a_widgets, const WidgetPtr& a_widget)
 {
     return std::find(a_widgets.begin(), a_widgets.end(), a_widget);
@@ -108,13 +119,7 @@ bool CLayoutManager::Reload(std::vector<std::string>& a_errors, bool a_remake)
     m_rawLayouts = std::move(fresh);
     for (auto& [layout, elements] : former)
     {
-        for (const Layout::CElement::ElementPtr& element : elements)
-        {
-            if (element)
-            {
-                element->Retire();
-            }
-        }
+        Retire(elements);
         Remake(layout, elements);
         m_formerElements.push_back(std::move(elements));
     }
@@ -135,7 +140,11 @@ void CLayoutManager::Remake(const XMLNode& a_before, const Elements& a_elements)
     const auto after = m_rawLayouts.find(id);
     if (wasShown && after != m_rawLayouts.end())
     {
-        ParseLayoutNode(XMLNode(after->second));
+        // Unless the actions of another one, which was made before it, have shown it.
+        if (m_parsedLayouts.count(id) == 0)
+        {
+            ParseLayoutNode(XMLNode(after->second));
+        }
         fresh = WidgetsOf(m_parsedLayouts[id]);
         for (const WidgetPtr& widget : fresh)
         {
@@ -180,8 +189,13 @@ void CLayoutManager::ReleaseFormerElements()
                   {
                       // One pointer is the element's, one the list's here.
                       const Widgets widgets = WidgetsOf(a_elements);
-                      return std::all_of(widgets.begin(), widgets.end(),
-                                         [](const WidgetPtr& a_widget) { return a_widget.Count() <= 2; });
+                      const bool isOver = std::all_of(widgets.begin(), widgets.end(),
+                                                      [](const WidgetPtr& a_widget) { return a_widget.Count() <= 2; });
+                      if (isOver)
+                      {
+                          Retire(a_elements);
+                      }
+                      return isOver;
                   });
 }
 
