@@ -12,6 +12,7 @@ namespace
 std::vector<std::string> Check(const std::string& a_elements)
 {
     const GfxTest::CTemporaryDirectory data;
+    data.Write("Configuration/OSK.xml", "<Keyboards><Keyboard id='Pad'/></Keyboards>");
     data.Write("Layouts/a.xml", "<Layouts><Layout id='Main'>\n" + a_elements + "</Layout></Layouts>");
     std::vector<std::string> findings = Gfx::Layout::CheckLayouts(data.Path());
     for (std::string& finding : findings)
@@ -46,6 +47,7 @@ TEST(LayoutCheckTest, EachFaultIsFoundWhereItStands)
         {"<Image id='i' x='0' y='0'><Font/></Image>", "2:27: Image has no use for Font"},
         {"<Button id='b' x='0' y='0'><Font>\n<Sise/></Font></Button>", "3:1: Font has no use for Sise"},
         {"<ProgressBar id='p' x='0' y='0'><Events/></ProgressBar>", "2:33: ProgressBar has no use for Events"},
+        {"<Keyboard id='k' x='0' y='0' layout='pad'/>", "2:1: there is no keyboard layout \"pad\""},
         {"<Panel id='p' x='0' y='0'>\n<Keyboard id='k' x='0' y='0'/></Panel>",
          "3:1: a Keyboard can't be in another element"},
         {"<RadioGroup/>", "2:1: a RadioGroup needs a container around it"},
@@ -70,7 +72,8 @@ TEST(LayoutCheckTest, EachFaultIsFoundWhereItStands)
 
 TEST(LayoutCheckTest, WhatIsRightIsNotReported)
 {
-    EXPECT_EQ(Check("<Window id='w' x='0' y='0' title='t' modal='True'><Events><Show><Stop/></Show></Events>"
+    EXPECT_EQ(Check("<Keyboard id='k' x='0' y='0' layout='Pad'/><Window id='w' x='0' y='0' title='t' "
+                    "modal='True'><Events><Show><Stop/></Show></Events>"
                     "<Button id='b' x='0' y='0'><Font><Size>20</Size></Font><TextureSet id='s'><Inactive>a</Inactive>"
                     "<Hover>b</Hover><Active>c</Active></TextureSet></Button>"
                     "<WizardStage id='stage'><Scrollbar id='s' x='1' y='2'><Events><Scroll><ActivateLayout id='Main'/>"

@@ -86,6 +86,22 @@ public:
         }
     }
 
+    /// Knows which layouts of the on-screen keyboard there are.
+    void ReadKeyboards(const std::string& a_path)
+    {
+        Core::IO::XMLDocument document;
+        if (std::filesystem::exists(a_path) && document.Parse(a_path))
+        {
+            for (const XMLNode& root : document.RootNode()->Children())
+            {
+                for (const XMLNode& keyboard : root.Children())
+                {
+                    m_keyboards.insert(keyboard.Attribute("id", ""));
+                }
+            }
+        }
+    }
+
     std::vector<std::string> Check()
     {
         for (const auto& [file, layout] : m_layouts)
@@ -131,6 +147,11 @@ private:
             }
             else if (const SNodeInfo* element = FindNamed(m_elements, node.Name()))
             {
+                const std::string keyboard = node.Attribute("layout", "");
+                if (node.Name() == "Keyboard" && m_keyboards.count(keyboard) == 0)
+                {
+                    Report(node, "there is no keyboard layout \"" + keyboard + '"');
+                }
                 CheckNode(node, *element);
             }
         }
@@ -257,6 +278,7 @@ private:
     /// With their files.
     std::vector<std::pair<std::string, XMLNode>> m_layouts;
     std::set<std::string> m_ids;
+    std::set<std::string> m_keyboards;
     std::string m_file;
     std::vector<std::string> m_findings;
 };
@@ -277,6 +299,7 @@ std::vector<std::string> CheckLayouts(const std::string& a_dataPath)
     }
     std::sort(files.begin(), files.end());
     CChecker checker;
+    checker.ReadKeyboards(a_dataPath + "Configuration/OSK.xml");
     for (const std::string& file : files)
     {
         checker.Read(file);
