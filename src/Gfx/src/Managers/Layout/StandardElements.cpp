@@ -2,9 +2,9 @@
 
 #include "Layout/ButtonElement.h"
 #include "Layout/CheckboxElement.h"
+#include "Layout/EditBoxElement.h"
 #include "Layout/Frame3DElement.h"
 #include "Layout/GraphElement.h"
-#include "Layout/EditBoxElement.h"
 #include "Layout/ImageElement.h"
 #include "Layout/KeyboardElement.h"
 #include "Layout/LabelElement.h"
