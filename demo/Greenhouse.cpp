@@ -100,14 +100,13 @@ public:
 } // namespace
 
 CGreenhouse::CGreenhouse()
-    : m_alarms{
-          SAlarm{"Tank", "Water tank low", [](const SSimulation& a_state) { return a_state.tank < 25; }, SAlarm::esNew,
-                 7 * 60 + 42},
-          SAlarm{"Dry", "Bed of lettuce dry", [](const SSimulation& a_state) { return a_state.moisture[2] < 30; },
-                 SAlarm::esSeen, 7 * 60 + 10},
-          SAlarm{"Heat", "Too warm",
-                 [](const SSimulation& a_state) { return a_state.temperature > a_state.temperatureSetPoint + 6; }},
-          SAlarm{"Wind", "Strong wind", [](const SSimulation& a_state) { return a_state.IsWindy(); }}}
+    : m_alarms{SAlarm{"Tank", "Water tank low", [](const SSimulation& a_state) { return a_state.tank < 25; },
+                      SAlarm::esNew, 7 * 60 + 42},
+               SAlarm{"Dry", "Bed of lettuce dry", [](const SSimulation& a_state) { return a_state.moisture[2] < 30; },
+                      SAlarm::esSeen, 7 * 60 + 10},
+               SAlarm{"Heat", "Too warm",
+                      [](const SSimulation& a_state) { return a_state.temperature > a_state.temperatureSetPoint + 6; }},
+               SAlarm{"Wind", "Strong wind", [](const SSimulation& a_state) { return a_state.IsWindy(); }}}
 {
     MakeScreens();
     MakeWizard();

@@ -14,6 +14,7 @@ using Gfx::Managers::CGfxManager;
 using Gfx::Managers::CInputManager;
 using Gfx::Managers::CLayoutManager;
 using Gfx::Managers::CThemeManager;
+using Gfx::Managers::CWidgetManager;
 
 namespace
 {
@@ -38,6 +39,23 @@ std::string Join(const std::vector<std::string>& a_names)
 bool Has(const std::vector<std::string>& a_names, const std::string& a_name)
 {
     return std::find(a_names.begin(), a_names.end(), a_name) != a_names.end();
+}
+
+bool Tap(const std::string& a_path)
+{
+    using namespace Gfx::Events;
+    CWidgetManager& manager = StaticSingleton<CWidgetManager>::ref();
+    const auto widget = manager.FindWidget(a_path, nullptr);
+    if (!widget)
+    {
+        std::fprintf(stderr, "gfx: there is no widget %s to touch\n", a_path.c_str());
+        return false;
+    }
+    const Gfx::Common::CPoint middle =
+        widget->AbsoluteTopLeft() + Gfx::Common::CPoint(widget->Width() / 2, widget->Height() / 2);
+    manager.MouseEvent(FirstDown, embFirst, middle, false);
+    manager.MouseEvent(FirstUp, 0, middle, false);
+    return true;
 }
 
 } // namespace
@@ -104,6 +122,25 @@ bool HasLayout(const std::string& a_id, const std::string& a_directory)
     std::fprintf(stderr, "gfx: there is no layout %s in %sLayouts; there are: %s\n", a_id.c_str(), a_directory.c_str(),
                  Join(ids).c_str());
     return false;
+}
+
+bool ShowLayout(const std::string& a_id, const SOptions& a_options)
+{
+    if (!HasLayout(a_id, a_options.directory))
+    {
+        return false;
+    }
+    CLayoutManager& layouts = StaticSingleton<CLayoutManager>::ref();
+    layouts.ApplyLayout(a_id);
+    for (const auto& widget : layouts.RetrieveLayout(a_id))
+    {
+        if (dynamic_cast<const Gfx::Widgets::CWizardStage*>(widget.Get()) != nullptr)
+        {
+            widget->Show();
+        }
+    }
+    const auto& taps = a_options.taps;
+    return std::all_of(taps.begin(), taps.end(), Tap);
 }
 
 std::vector<std::string> WantedLayouts(const SOptions& a_options)

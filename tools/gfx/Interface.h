@@ -15,6 +15,10 @@ namespace Tool
 /// Reports a layout that isn't there.
 [[nodiscard]] bool HasLayout(const std::string& a_id, const std::string& a_directory);
 
+/// Puts a layout on the stage, and touches what the options say. A stage of a wizard, which only a program can enter,
+/// is shown. False, with a line of why, if there is no such layout or nothing to touch.
+[[nodiscard]] bool ShowLayout(const std::string& a_id, const SOptions& a_options);
+
 /// "Main" if the options name no layout.
 [[nodiscard]] std::vector<std::string> WantedLayouts(const SOptions& a_options);
 

@@ -23,11 +23,11 @@ constexpr std::array s_commands{
              "Writes a picture (PNG) and a widget tree of each layout in each theme and language to the\n"
              "folder OUT, and a page index.html that shows all of them. Each of the three may be \"all\".\n"
              "No display is needed.",
-             eoLayout | eoStyle | eoOutput, Shot},
+             eoLayout | eoStyle | eoTap | eoOutput, Shot},
     SCommand{"tree", "prints the widgets of layouts",
              "Prints what is on the screen of a layout: the widgets' types, paths, places and properties.\n"
              "No display is needed.",
-             eoLayout | eoStyle, Tree},
+             eoLayout | eoStyle | eoTap, Tree},
     SCommand{"check", "looks for mistakes in layouts",
              "Prints what the layouts of DIR say in vain, as FILE:LINE:COLUMN: attributes, events, actions\n"
              "and nodes that nothing knows, numbers that are none, missing ids and places. The exit code\n"

@@ -42,11 +42,23 @@ std::string Take(char*& a_text)
     return a_text != nullptr ? a_text : "";
 }
 
+std::vector<std::string> Take(char**& a_texts)
+{
+    const std::unique_ptr<char*, decltype(&g_strfreev)> owner(a_texts, g_strfreev);
+    std::vector<std::string> texts;
+    for (char** text = a_texts; text != nullptr && *text != nullptr; ++text)
+    {
+        texts.emplace_back(*text);
+    }
+    return texts;
+}
+
 } // namespace
 
 bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments, SOptions& a_options, int& a_exit)
 {
     char** layouts = nullptr;
+    char** taps = nullptr;
     char* theme = nullptr;
     char* language = nullptr;
     char* size = nullptr;
@@ -66,6 +78,11 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
             {"language", 'L', 0, G_OPTION_ARG_STRING, &language, "in place of the environment's", "LANGUAGE"});
         entries.push_back(
             {"size", 's', 0, G_OPTION_ARG_STRING, &size, "of the stage in pixels, 800x480 if not given", "WxH"});
+    }
+    if ((a_command.options & eoTap) != 0)
+    {
+        entries.push_back({"tap", 'T', 0, G_OPTION_ARG_STRING_ARRAY, &taps,
+                           "touches a widget of each layout first; may be repeated", "PATH"});
     }
     const bool takesFile = (a_command.options & eoFile) != 0;
     const bool needsOutput = (a_command.options & eoOutput) != 0;
@@ -109,11 +126,8 @@ bool ReadOptions(const SCommand& a_command, std::vector<std::string> a_arguments
     char** arguments = pointers.data();
     GError* error = nullptr;
     const bool parsed = g_option_context_parse(context.get(), &count, &arguments, &error) == TRUE;
-    for (char** layout = layouts; layout != nullptr && *layout != nullptr; ++layout)
-    {
-        a_options.layouts.emplace_back(*layout);
-    }
-    g_strfreev(layouts);
+    a_options.layouts = Take(layouts);
+    a_options.taps = Take(taps);
     a_options.theme = Take(theme);
     a_options.language = Take(language);
     a_options.output = Take(output);

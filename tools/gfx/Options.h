@@ -13,6 +13,8 @@ struct SOptions
     std::string directory;
     std::string file;
     std::vector<std::string> layouts;
+    /// Paths of widgets to touch, in this order.
+    std::vector<std::string> taps;
     std::string theme;
     std::string language;
     std::string output;
@@ -31,6 +33,7 @@ enum EOptions : unsigned
     eoOnce = 1U << 3U,
     /// A file in place of the data directory; its output is a file, too, and needn't be given.
     eoFile = 1U << 4U,
+    eoTap = 1U << 5U,
 };
 
 /// Exit codes, for scripts.

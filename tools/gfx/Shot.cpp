@@ -14,7 +14,6 @@ namespace Tool
 
 using Core::Patterns::StaticSingleton;
 using Gfx::Managers::CGfxManager;
-using Gfx::Managers::CLayoutManager;
 using Gfx::Managers::CThemeManager;
 using Gfx::Managers::CWidgetManager;
 
@@ -128,11 +127,10 @@ int Shot(const SOptions& a_options)
     std::string index = k_head;
     for (const std::string& layout : WantedLayouts(a_options))
     {
-        if (!HasLayout(layout, a_options.directory))
+        if (!ShowLayout(layout, a_options))
         {
             return eeFailure;
         }
-        StaticSingleton<CLayoutManager>::ref().ApplyLayout(layout);
         for (const std::string& theme : themeIds)
         {
             themes.SetTheme(theme);

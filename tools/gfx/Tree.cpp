@@ -20,11 +20,10 @@ int Tree(const SOptions& a_options)
     }
     for (const std::string& layout : WantedLayouts(a_options))
     {
-        if (!HasLayout(layout, a_options.directory))
+        if (!ShowLayout(layout, a_options))
         {
             return eeFailure;
         }
-        StaticSingleton<Gfx::Managers::CLayoutManager>::ref().ApplyLayout(layout);
     }
     for (const auto& widget : StaticSingleton<Gfx::Managers::CWidgetManager>::ref().TopLevelWidgets())
     {
