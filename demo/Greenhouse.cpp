@@ -267,6 +267,7 @@ bool CGreenhouse::IsChecked(const std::string& a_path) const
 
 void CGreenhouse::Step()
 {
+    m_simulation.isAutomatic = IsChecked("Climate:Control:Automatic");
     m_simulation.Step();
     for (const auto& [box, hour] : {std::pair("Morning", 6), std::pair("Noon", 12), std::pair("Evening", 20)})
     {
@@ -284,7 +285,6 @@ void CGreenhouse::Step()
 
 void CGreenhouse::Show()
 {
-    m_simulation.isAutomatic = IsChecked("Climate:Control:Automatic");
     Set("Status:Clock", "Text", Clock(m_simulation.time));
     ShowClimate();
     ShowWater();
