@@ -10,6 +10,7 @@ namespace Demo
 {
 
 using Core::Patterns::StaticSingleton;
+using Gfx::Common::CPoint;
 using Gfx::Managers::CLayoutManager;
 using Gfx::Managers::CWidgetManager;
 using namespace Gfx::Widgets;
@@ -51,6 +52,11 @@ CLayoutManager& Layouts()
 CWidgetManager& Widgets()
 {
     return StaticSingleton<CWidgetManager>::ref();
+}
+
+Gfx::Managers::CInputManager& Input()
+{
+    return StaticSingleton<Gfx::Managers::CInputManager>::ref();
 }
 
 Core::Localisation::CManager& Languages()
@@ -218,6 +224,15 @@ void CGreenhouse::AddHandlers()
            m_wizard->Show();
            m_wizard->SelectStage(k_stages.front());
        });
+    On("CalibrationStart",
+       [this](const std::string&)
+       {
+           m_targets.clear();
+           m_touches.clear();
+       });
+    On("CalibrationTouch", [this](const std::string& a_target) { NoteTouch(a_target); });
+    On("CalibrationEnd", [this](const std::string&) { EndCalibration(); });
+    On("CalibrationSave", [](const std::string&) { Input().SaveCalibration(); });
 }
 
 void CGreenhouse::On(const std::string& a_notification, std::function<void(const std::string&)> a_action)
@@ -238,11 +253,12 @@ WidgetT* CGreenhouse::Find(const std::string& a_path) const
 {
     const std::size_t colon = a_path.find(':');
     const auto screen = m_screens.find(a_path.substr(0, colon));
-    if (screen == m_screens.end() || colon == std::string::npos)
+    WidgetPtr widget = screen != m_screens.end() ? screen->second : WidgetPtr();
+    if (widget && colon != std::string::npos)
     {
-        return nullptr;
+        widget = Widgets().FindWidget(a_path.substr(colon + 1), widget.Get());
     }
-    return dynamic_cast<WidgetT*>(Widgets().FindWidget(a_path.substr(colon + 1), screen->second.Get()).Get());
+    return dynamic_cast<WidgetT*>(widget.Get());
 }
 
 void CGreenhouse::Set(const std::string& a_path, const std::string& a_property, const std::string& a_value) const
@@ -441,6 +457,10 @@ void CGreenhouse::SetLanguage(const std::string& a_language)
     {
         SetBool(std::string(page) + (a_language == "de" ? "German" : "English"), "Checked", true);
     }
+    for (const char* keyboard : {"NameKeys", "PasswordKeys"})
+    {
+        Set(keyboard, "Layout", a_language == "de" ? "German" : "Full");
+    }
     Show();
 }
 
@@ -461,6 +481,30 @@ void CGreenhouse::FinishSetup()
         SetBool("Climate:Control:" + control, "Checked", true);
     }
     Show();
+}
+
+void CGreenhouse::NoteTouch(const std::string& a_target)
+{
+    const auto* const target = Find<CWidget>("Calibration:" + a_target);
+    m_targets.push_back(target->AbsoluteTopLeft() + CPoint(target->Width() / 2, target->Height() / 2));
+    m_touches.push_back(Input().RawCoordinates());
+}
+
+void CGreenhouse::EndCalibration() const
+{
+    constexpr int largestGoodError = 5;
+    const bool isFitted = Input().SetCalibrationPoints(m_targets, m_touches);
+    double error = 0;
+    for (std::size_t i = 0; i < m_targets.size(); ++i)
+    {
+        const CPoint miss = Input().TransformCoordinates(m_touches[i].X(), m_touches[i].Y()) - m_targets[i];
+        error = std::max(error, std::hypot(miss.X(), miss.Y()));
+    }
+    const bool isGood = isFitted && error <= largestGoodError;
+    Set("Calibration:Result:Error", "Text", isFitted ? Whole(error, "px") : "?");
+    SetBool("Calibration:Result:Good", "Visible", isGood);
+    SetBool("Calibration:Result:Bad", "Visible", !isGood);
+    SetBool("Calibration:Result:Save", "Visible", isFitted);
 }
 
 } // namespace Demo

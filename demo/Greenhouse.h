@@ -77,6 +77,8 @@ private:
     void ChangeSetPoint(const std::string& a_change);
     void SetLanguage(const std::string& a_language);
     void FinishSetup();
+    void NoteTouch(const std::string& a_target);
+    void EndCalibration() const;
 
     SSimulation m_simulation;
     std::array<SAlarm, 4> m_alarms;
@@ -89,6 +91,9 @@ private:
     std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
     Gfx::Widgets::CGraph* m_graph = nullptr;
     int m_historyHours = 1;
+    /// Where targets were, and what the panel said when they were touched.
+    std::vector<Gfx::Common::CPoint> m_targets;
+    std::vector<Gfx::Common::CPoint> m_touches;
 };
 
 } // namespace Demo

@@ -35,14 +35,36 @@ bool WritePicture(const std::string& a_path)
     return true;
 }
 
+/// Every page of the rail in every theme.
+bool WritePictures(const std::string& a_folder)
+{
+    auto& widgets = StaticSingleton<Gfx::Managers::CWidgetManager>::ref();
+    auto& themes = StaticSingleton<Gfx::Managers::CThemeManager>::ref();
+    auto& rail = dynamic_cast<Gfx::Widgets::CListGrid&>(*widgets.FindWidget("Navigation:Pages", nullptr));
+    for (const std::string& theme : themes.ThemeIds())
+    {
+        themes.SetTheme(theme);
+        for (const auto& page : rail.Items())
+        {
+            rail.ToggleItem(page.id, true);
+            if (!WritePicture(a_folder + '/' + theme + '-' + page.id + ".png"))
+            {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 int main(int a_argc, char** a_argv)
 {
     const bool isPicture = a_argc == 3 && std::string_view(a_argv[1]) == "--screenshot";
-    if (a_argc > 1 && !isPicture)
+    const bool arePictures = a_argc == 3 && std::string_view(a_argv[1]) == "--screenshots";
+    if (a_argc > 1 && !isPicture && !arePictures)
     {
-        std::fprintf(stderr, "usage: %s [--screenshot FILE]\n", a_argv[0]);
+        std::fprintf(stderr, "usage: %s [--screenshot FILE | --screenshots FOLDER]\n", a_argv[0]);
         return 2;
     }
     const std::string data = "demo/greenhouse/";
@@ -59,10 +81,10 @@ int main(int a_argc, char** a_argv)
     }
     StaticSingleton<Gfx::Managers::C3DManager>::ref().Initialise(data);
     Demo::CGreenhouse greenhouse;
-    if (isPicture)
+    if (isPicture || arePictures)
     {
         clutter_actor_show(gfx.GetStage());
-        return WritePicture(a_argv[2]) ? 0 : 1;
+        return (isPicture ? WritePicture(a_argv[2]) : WritePictures(a_argv[2])) ? 0 : 1;
     }
     const auto step = [&greenhouse]
     {
