@@ -42,7 +42,7 @@ struct SLine
 };
 constexpr std::array k_lines{SLine{"Temperature", "Chocolate", &SSimulation::temperature, 40},
                              SLine{"Humidity", "DodgerBlue", &SSimulation::humidity, 100},
-                             SLine{"Light", "DarkGoldenrod", &SSimulation::light, 60}};
+                             SLine{"Light", "DarkGoldenRod", &SSimulation::light, 60}};
 
 CLayoutManager& Layouts()
 {
@@ -306,6 +306,7 @@ void CGreenhouse::Show()
     ShowWater();
     ShowHistory();
     CheckAlarms();
+    Set("Settings:Appearance:Themes", "SelectedItem", StaticSingleton<Gfx::Managers::CThemeManager>::ref().GetTheme());
     const int vents = static_cast<int>(std::lround(m_simulation.vents / 10));
     if (vents != m_shownVents)
     {

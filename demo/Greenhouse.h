@@ -90,7 +90,7 @@ private:
     Core::SharedPtr<Gfx::Widgets::CWizard> m_wizard;
     std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
     Gfx::Widgets::CGraph* m_graph = nullptr;
-    int m_historyHours = 1;
+    int m_historyHours = 24;
     /// Where targets were, and what the panel said when they were touched.
     std::vector<Gfx::Common::CPoint> m_targets;
     std::vector<Gfx::Common::CPoint> m_touches;

@@ -3,10 +3,12 @@
 #include "demo/Greenhouse.h"
 
 #include "support/StageTest.h"
+#include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -125,7 +127,8 @@ int CheckPlaces(const XMLNode& a_widget)
         {
             const int x = Number(child, "X");
             const int y = Number(child, "Y");
-            EXPECT_TRUE(x >= 0 && y >= 0 && x + Number(child, "Width") <= width && y + Number(child, "Height") <= height)
+            EXPECT_TRUE(x >= 0 && y >= 0 && x + Number(child, "Width") <= width &&
+                        y + Number(child, "Height") <= height)
                 << child.Attribute("id", "") << " lies beyond its parent";
             count += CheckPlaces(child);
         }
@@ -136,16 +139,25 @@ int CheckPlaces(const XMLNode& a_widget)
 TEST_F(GreenhouseTest, WhatIsTouchedIsLargeEnoughAndLiesWithinItsParent)
 {
     int count = 0;
+    const auto check = [&count](const std::string& a_widget)
+    {
+        Core::IO::XMLDocument dump;
+        ASSERT_TRUE(dump.ParseText(Find(a_widget)->GetWidgetInfo(), a_widget));
+        count += CheckPlaces(*dump.RootNode()->Child("Widget"));
+    };
     for (const std::string page : k_pages)
     {
         Open(page);
-        for (const std::string& widget : {page, std::string("Navigation"), std::string("Status")})
-        {
-            Core::IO::XMLDocument dump;
-            ASSERT_TRUE(dump.ParseText(Find(widget)->GetWidgetInfo(), widget));
-            count += CheckPlaces(*dump.RootNode()->Child("Widget"));
-        }
+        check(page);
     }
+    check("Navigation");
+    check("Status");
+    Tap("Settings:Console:Network");
+    check("Network");
+    Tap("Network:Back");
+    Tap("Settings:Console:Touch");
+    check("Calibration");
+    Tap("Calibration:Card:Cancel");
     EXPECT_GT(count, 80);
 }
 
@@ -256,6 +268,77 @@ TEST_F(GreenhouseTest, TheWizardLeadsThroughItsStagesAndSetsTheConsoleUp)
     Tap("Settings:Console:Setup");
     tap("Backwards");
     EXPECT_FALSE(Widgets().GetModalWidget());
+}
+
+TEST_F(GreenhouseTest, AKeyboardFillsAField)
+{
+    Open("Settings");
+    Tap("Settings:Console:Network");
+    EXPECT_TRUE(IsShown("Network") && IsShown("Navigation"));
+    EXPECT_FALSE(IsShown("Settings"));
+    Tap("Network:Entries:Name");
+    for (const char* key : {"a", "b", "Done"})
+    {
+        Tap(std::string("NameKeys:WindowPanel:") + key);
+    }
+    // The keyboard's text comes out here.
+    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(Widgets().GetModalWidget());
+    EXPECT_EQ(Get("Network:Entries:Name", "Text"), "AB");
+    Tap("Network:Entries:Automatic");
+    EXPECT_FALSE(IsShown("Network:Entries:Address"));
+    Tap("Network:Entries:Connect");
+    EXPECT_TRUE(IsShown("Network:Entries:Connected"));
+    Tap("Network:Back");
+    EXPECT_TRUE(IsShown("Settings"));
+    EXPECT_EQ(Get("Navigation:Pages", "SelectedItem"), "Settings");
+}
+
+TEST_F(GreenhouseTest, FiveTouchesCalibrateThePanel)
+{
+    const GfxTest::CTemporaryDirectory folder;
+    setenv("GFX_SYSTEM_CONFIG", (folder.Path() + "system.conf").c_str(), 1);
+    auto& input = StaticSingleton<Gfx::Managers::CInputManager>::ref();
+    // A panel that reports the half, mirrored.
+    input.UseCalibration({2, 0, 0, 0, -2, 479});
+    const auto touch = [&input](int a_x, int a_y)
+    {
+        input.MousePosition({a_x / 2, (479 - a_y) / 2});
+        input.ReportEvents();
+        for (const bool isDown : {true, false})
+        {
+            input.MouseButton(isDown);
+            input.ReportEvents();
+        }
+    };
+    Open("Settings");
+    // The second time begins anew.
+    for (int round = 0; round < 2; ++round)
+    {
+        round == 0 ? Tap("Settings:Console:Touch") : Tap("Calibration:Result:Again");
+        EXPECT_FALSE(IsShown("Navigation"));
+        for (int i = 1; i <= 5; ++i)
+        {
+            const std::string name = "Calibration:Target" + std::to_string(i);
+            ASSERT_TRUE(IsShown(name)) << name;
+            const WidgetPtr target = Find(name);
+            // All are touched too low.
+            touch(target->AbsoluteTopLeft().X() + target->Width() / 2,
+                  target->AbsoluteTopLeft().Y() + target->Height() / 2 + 20);
+        }
+        ASSERT_TRUE(IsShown("Calibration:Result:Good"));
+        EXPECT_LE(std::stoi(Get("Calibration:Result:Error", "Text")), 1);
+    }
+    Tap("Calibration:Result:Save");
+    EXPECT_TRUE(IsShown("Settings") && IsShown("Navigation"));
+    EXPECT_TRUE(input.IsCalibrated());
+    const CPoint corrected = input.TransformCoordinates(200, 140);
+    EXPECT_NEAR(corrected.X(), 400, 2);
+    EXPECT_NEAR(corrected.Y(), 479 - 280 - 20, 2);
+    input.LoadCalibration();
+    EXPECT_TRUE(input.IsCalibrated());
+    input.UseCalibration(Gfx::Managers::CInputManager::k_identity);
 }
 
 } // namespace
