@@ -1,5 +1,7 @@
 #include "demo/Greenhouse.h"
 
+#include <clutter/clutter.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -52,6 +54,11 @@ CLayoutManager& Layouts()
 CWidgetManager& Widgets()
 {
     return StaticSingleton<CWidgetManager>::ref();
+}
+
+Gfx::Managers::CThemeManager& Themes()
+{
+    return StaticSingleton<Gfx::Managers::CThemeManager>::ref();
 }
 
 Gfx::Managers::CInputManager& Input()
@@ -118,6 +125,7 @@ CGreenhouse::CGreenhouse()
     MakeWizard();
     MakeHistory();
     AddHandlers();
+    SetTheme(Themes().GetTheme());
     SetLanguage(Languages().Language());
     Layouts().ApplyLayout("Main");
 }
@@ -213,8 +221,7 @@ void CGreenhouse::AddHandlers()
            }
        });
     On("ClearAlarm", [this](const std::string& a_id) { ClearAlarm(a_id); });
-    On("Theme",
-       [](const std::string& a_theme) { StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme(a_theme); });
+    On("Theme", [this](const std::string& a_theme) { SetTheme(a_theme); });
     On("Language", [this](const std::string& a_language) { SetLanguage(a_language); });
     On("Setup",
        [this](const std::string&)
@@ -306,7 +313,7 @@ void CGreenhouse::Show()
     ShowWater();
     ShowHistory();
     CheckAlarms();
-    Set("Settings:Appearance:Themes", "SelectedItem", StaticSingleton<Gfx::Managers::CThemeManager>::ref().GetTheme());
+    Set("Settings:Appearance:Themes", "SelectedItem", Themes().GetTheme());
     const int vents = static_cast<int>(std::lround(m_simulation.vents / 10));
     if (vents != m_shownVents)
     {
@@ -449,6 +456,14 @@ void CGreenhouse::ChangeSetPoint(const std::string& a_change)
     change("Temperature", m_simulation.temperatureSetPoint, 1, 5, 35);
     change("Humidity", m_simulation.humiditySetPoint, 5, 30, 90);
     change("Light", m_simulation.lightSetPoint, 1, 0, 30);
+}
+
+void CGreenhouse::SetTheme(const std::string& a_theme)
+{
+    Themes().SetTheme(a_theme);
+    // Behind a window that covers the screen nothing is painted, and its corners are round.
+    const ClutterColor ground = Themes().Colour("Ground").AsClutterColour();
+    clutter_actor_set_background_color(StaticSingleton<Gfx::Managers::CGfxManager>::ref().GetStage(), &ground);
 }
 
 void CGreenhouse::SetLanguage(const std::string& a_language)

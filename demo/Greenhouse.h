@@ -75,6 +75,7 @@ private:
     void ClearAlarm(const std::string& a_id);
 
     void ChangeSetPoint(const std::string& a_change);
+    void SetTheme(const std::string& a_theme);
     void SetLanguage(const std::string& a_language);
     void FinishSetup();
     void NoteTouch(const std::string& a_target);
