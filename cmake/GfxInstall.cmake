@@ -36,6 +36,11 @@ cmake_path(RELATIVE_PATH libraryFromPrograms BASE_DIRECTORY "${CMAKE_INSTALL_BIN
 if(GFX_BUILD_TOOLS)
     set_target_properties(gfx-demo gfx-tool PROPERTIES INSTALL_RPATH "$ORIGIN/${libraryFromPrograms}")
     install(TARGETS gfx-demo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT demo)
+    # The links of the source tree become what they lead to.
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/demo/greenhouse/Layouts" "${PROJECT_SOURCE_DIR}/demo/greenhouse/Localisation"
+        "${PROJECT_SOURCE_DIR}/data/Configuration" "${PROJECT_SOURCE_DIR}/data/Models"
+        "${PROJECT_SOURCE_DIR}/data/TextureMaps"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/${apiName}/greenhouse" COMPONENT demo)
     install(TARGETS gfx-tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
     install(FILES "${PROJECT_SOURCE_DIR}/docs/gfx.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
 endif()

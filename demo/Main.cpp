@@ -5,9 +5,11 @@
 #include <clutter/clutter.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace
 {
@@ -20,6 +22,15 @@ constexpr int k_stageWidth = 800;
 constexpr int k_stageHeight = 480;
 /// A minute of the greenhouse.
 constexpr int k_stepMs = 1000;
+
+/// In the source tree, or where the program is installed.
+std::string DataDirectory()
+{
+    const std::string source = "demo/greenhouse/";
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return std::filesystem::is_directory(source, error) ? source : (program.parent_path() / GFX_DEMO_DATA).string();
+}
 
 /// Draws a whole frame and writes it; false if that fails.
 bool WritePicture(const std::string& a_path)
@@ -39,11 +50,10 @@ bool WritePicture(const std::string& a_path)
 bool WritePictures(const std::string& a_folder)
 {
     auto& widgets = StaticSingleton<Gfx::Managers::CWidgetManager>::ref();
-    auto& themes = StaticSingleton<Gfx::Managers::CThemeManager>::ref();
     auto& rail = dynamic_cast<Gfx::Widgets::CListGrid&>(*widgets.FindWidget("Navigation:Pages", nullptr));
-    for (const std::string& theme : themes.ThemeIds())
+    for (const std::string& theme : StaticSingleton<Gfx::Managers::CThemeManager>::ref().ThemeIds())
     {
-        themes.SetTheme(theme);
+        StaticSingleton<Gfx::Managers::CLayoutManager>::ref().PostNotification("Theme", theme, {});
         for (const auto& page : rail.Items())
         {
             rail.ToggleItem(page.id, true);
@@ -67,7 +77,7 @@ int main(int a_argc, char** a_argv)
         std::fprintf(stderr, "usage: %s [--screenshot FILE | --screenshots FOLDER]\n", a_argv[0]);
         return 2;
     }
-    const std::string data = "demo/greenhouse/";
+    const std::string data = DataDirectory();
     CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
     if (!gfx.Setup(data, "Greenhouse", {0, 0}, k_stageWidth, k_stageHeight, 0, nullptr, Gfx::Colours::Black))
     {

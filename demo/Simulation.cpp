@@ -13,6 +13,7 @@ namespace
 constexpr double k_brightest = 55;
 constexpr double k_lampLight = 12;
 constexpr double k_shadeFrom = 45;
+constexpr double k_shadeTo = 38;
 /// Part of a difference that is made up in a minute.
 constexpr double k_humidityRate = 0.05;
 constexpr double k_litresPerMinute = 0.15;
@@ -51,7 +52,7 @@ void SSimulation::Control(double a_sun)
 {
     const double target = IsWindy() ? 0 : std::clamp(25 * (temperature - temperatureSetPoint), 0.0, 100.0);
     vents += std::clamp(target - vents, -5.0, 5.0);
-    isShaded = a_sun > k_shadeFrom;
+    isShaded = a_sun > (isShaded ? k_shadeTo : k_shadeFrom);
     const double hour = MinuteOfDay() / 60.0;
     isLit = a_sun < lightSetPoint && hour >= 6 && hour < 22;
 }
