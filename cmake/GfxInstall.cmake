@@ -1,5 +1,5 @@
 # What `cmake --install` puts where: the library, its headers, and the two ways to find them (a CMake package and a
-# pkg-config file), in the components runtime, dev, tools and demo.
+# pkg-config file), in the components runtime, dev, tools and data.
 if(NOT GFX_INSTALL)
     return()
 endif()
@@ -35,12 +35,18 @@ set(libraryFromPrograms "${CMAKE_INSTALL_LIBDIR}")
 cmake_path(RELATIVE_PATH libraryFromPrograms BASE_DIRECTORY "${CMAKE_INSTALL_BINDIR}")
 if(GFX_BUILD_TOOLS)
     set_target_properties(gfx-demo gfx-tool PROPERTIES INSTALL_RPATH "$ORIGIN/${libraryFromPrograms}")
-    install(TARGETS gfx-demo RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT demo)
-    # The links of the source tree become what they lead to.
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/demo/greenhouse/Layouts" "${PROJECT_SOURCE_DIR}/demo/greenhouse/Localisation"
-        "${PROJECT_SOURCE_DIR}/data/Configuration" "${PROJECT_SOURCE_DIR}/data/Models"
-        "${PROJECT_SOURCE_DIR}/data/TextureMaps"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/${apiName}/greenhouse" COMPONENT demo)
-    install(TARGETS gfx-tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
+    install(TARGETS gfx-demo gfx-tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
     install(FILES "${PROJECT_SOURCE_DIR}/docs/gfx.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/schemas" DESTINATION "${CMAKE_INSTALL_DATADIR}/${apiName}"
+        COMPONENT tools)
 endif()
+
+# The data directory to begin with, and that of the demo; the links of the source tree become what they lead to.
+set(dataSets "${PROJECT_SOURCE_DIR}/data/Configuration" "${PROJECT_SOURCE_DIR}/data/Models"
+    "${PROJECT_SOURCE_DIR}/data/TextureMaps")
+install(DIRECTORY ${dataSets} DESTINATION "${CMAKE_INSTALL_DATADIR}/${apiName}/data" COMPONENT data)
+install(DIRECTORY ${dataSets} "${PROJECT_SOURCE_DIR}/demo/greenhouse/Layouts"
+    "${PROJECT_SOURCE_DIR}/demo/greenhouse/Localisation"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/${apiName}/greenhouse" COMPONENT data)
+
+include(GfxPackages)

@@ -1,6 +1,7 @@
 # Installs the library into a folder of its own, and builds and runs a program against nothing but what is there: found
 # by CMake, and by pkg-config, after the installed tree has been moved.
-#   BUILD_DIR  the build tree that is installed
+#   BUILD_DIR  the build tree that is installed, or
+#   PREFIX     where it is installed already
 #   WORK_DIR   a folder that is emptied first
 #   SOURCE_DIR where the consumer lies
 #   CXX        the compiler
@@ -17,9 +18,13 @@ function(expect_aqua a_output)
 endfunction()
 
 file(REMOVE_RECURSE "${WORK_DIR}")
-set(prefix "${WORK_DIR}/prefix")
-run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${WORK_DIR}/elsewhere")
-file(RENAME "${WORK_DIR}/elsewhere" "${prefix}")
+if(PREFIX)
+    set(prefix "${PREFIX}")
+else()
+    set(prefix "${WORK_DIR}/prefix")
+    run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${WORK_DIR}/elsewhere")
+    file(RENAME "${WORK_DIR}/elsewhere" "${prefix}")
+endif()
 
 run("${CMAKE_COMMAND}" -S "${SOURCE_DIR}" -B "${WORK_DIR}/cmake" "-DCMAKE_PREFIX_PATH=${prefix}"
     "-DCMAKE_CXX_COMPILER=${CXX}")

@@ -1,0 +1,40 @@
+# Debian packages, by `cpack` or scripts/package: one for each component.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME gfx)
+set(CPACK_PACKAGE_VENDOR "libGfx")
+set(CPACK_PACKAGE_CONTACT "The libGfx team <libgfx@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
+set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
+set(CPACK_COMPONENTS_ALL runtime dev tools data)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The libraries between the packages are found in the packages themselves.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "User-interface toolkit for touch-screen consoles: the library")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "libgfx${PROJECT_VERSION_MAJOR}")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "gfx-data, fonts-dejavu-core")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+
+set(CPACK_COMPONENT_DEV_DESCRIPTION "User-interface toolkit for touch-screen consoles: for programs on top of it")
+set(CPACK_DEBIAN_DEV_PACKAGE_NAME libgfx-dev)
+set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS "libgfx${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), libclutter-1.0-dev")
+
+set(CPACK_COMPONENT_TOOLS_DESCRIPTION "User-interface toolkit for touch-screen consoles: the command gfx, and a demo")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME gfx-tools)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "libgfx${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), gfx-data (= ${PROJECT_VERSION})")
+set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS "xvfb, libgl1-mesa-dri")
+
+set(CPACK_COMPONENT_DATA_DESCRIPTION "User-interface toolkit for touch-screen consoles: themes, keyboards and models")
+set(CPACK_DEBIAN_DATA_PACKAGE_NAME gfx-data)
+set(CPACK_DEBIAN_DATA_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_DATA_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DATA_PACKAGE_SHLIBDEPS OFF)
+
+include(CPack)
