@@ -155,6 +155,27 @@ TEST_F(ToolTest, ModelConvertsAndSaysWhatIsInAModel)
     }
 }
 
+TEST_F(ToolTest, WidgetsAreTouchedFirstAndStagesAreShown)
+{
+    m_data.Write("Layouts/Tap.xml", R"(<Layouts><Layout id="Tap">
+        <WizardStage id="stage"/>
+        <Button id="first" x="0" y="0" width="50" height="50"><Events><Click>
+            <Property id="second" name="Visible" value="True"/>
+        </Click></Events></Button>
+        <Button id="second" x="0" y="100" width="50" height="50" visible="False"><Events><Click>
+            <Property id="word" name="Text" value="touched"/>
+        </Click></Events></Button>
+        <Label id="word" x="100" y="0"/>
+    </Layout></Layouts>)");
+    const SResult result = RunTool({"tree", "--layout", "Tap", "--tap", "first", "--tap", "second", m_data.Path()});
+    EXPECT_EQ(result.exit, 0) << result.err;
+    EXPECT_TRUE(Has(result.out, "value=\"touched\"")) << result.out;
+    EXPECT_TRUE(Has(result.out, "id=\"stage\"")) << result.out;
+    const SResult missing = RunTool({"tree", "--layout", "Tap", "--tap", "third", m_data.Path()});
+    EXPECT_EQ(missing.exit, 1);
+    EXPECT_TRUE(Has(missing.err, "no widget third")) << missing.err;
+}
+
 TEST_F(ToolTest, ShotWritesAPictureForEachCombination)
 {
     const std::string out = m_data.Path() + "out/shots";
