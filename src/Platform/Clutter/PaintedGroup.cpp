@@ -123,6 +123,9 @@ void InitialiseContainer(gpointer a_interface, gpointer)
     container->raise = Raise;
     container->lower = Lower;
     container->sort_depth_order = [](ClutterContainer*) {};
+    // With these a ClutterGroup keeps a list of its own beside the children, and searches all of it for each of them.
+    container->actor_added = nullptr;
+    container->actor_removed = nullptr;
 }
 
 GType Register()
