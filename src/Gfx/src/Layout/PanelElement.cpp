@@ -31,9 +31,9 @@ struct SValues
 constexpr std::array s_rows{
     SAttribute<SValues>{"allowScrolling", &SValues::allowScrolling, "whether what is too high is scrolled"},
     SAttribute<SValues>{"style", &SValues::style, "Up for the raised background, anything else for the lowered one"},
-    SAttribute<SValues>{
-        "autoClose", &SValues::autoClose,
-        "the seconds without a touch after which it is hidden again; a visible one that has had none closes at once"},
+    SAttribute<SValues>{"autoClose", &SValues::autoClose,
+                        "the seconds without a touch after which it is hidden, counted from when it is shown; one that "
+                        "is visible at first is hidden at once"},
     SAttribute<SValues>{"autoSize", &SValues::autoSize, "whether it takes the size of its visible children"},
     SAttribute<SValues>{"anchorPoint", &SValues::anchorPoint,
                         "what stays in place then: Left or Right, Top or Bottom; otherwise the middle"},
