@@ -186,6 +186,7 @@ TEST_F(LayoutFaultsTest, FloodsAreMade)
 {
     std::string attributes;
     std::string elements;
+    std::string items = "<Items>";
     for (int i = 0; i < 100'000; ++i)
     {
         attributes += " a" + std::to_string(i) + "=''";
@@ -193,10 +194,20 @@ TEST_F(LayoutFaultsTest, FloodsAreMade)
     for (int i = 0; i < 10'000; ++i)
     {
         elements += "<Label id='l" + std::to_string(i) + "' x='" + std::to_string(i % 800) + "' y='0'/>";
+        items += "<Item id='i" + std::to_string(i) + "'/>";
     }
     EXPECT_EQ(Show("Attributes", "<Label id='l' x='0' y='0'" + attributes + "/>").size(), 1U);
     EXPECT_EQ(Show("Elements", "<Panel id='elements' x='0' y='0'>" + elements + "</Panel>").size(), 1U);
     EXPECT_TRUE(Widgets().FindWidget("elements:l9999", nullptr));
+    // More items on show than anybody means.
+    items += "</Items>";
+    EXPECT_EQ(Show("Lists", "<ListGrid id='g' x='0' y='0' width='4000' height='4000' btnWidth='1' btnHeight='1'>" +
+                                items + "</ListGrid><ListBox id='b' x='0' y='0' width='9' height='9999999'>" + items +
+                                "</ListBox>")
+                  .size(),
+              2U);
+    EXPECT_TRUE(Widgets().FindWidget("g:i9999", nullptr));
+    EXPECT_TRUE(Widgets().FindWidget("b:i9999", nullptr));
     const std::list<WidgetPtr> deep = Show(
         "Deep", Repeat("<Panel id='p' x='1' y='1' width='9' height='9' autoSize='True' allowScrolling='True'>", 250) +
                     Repeat("</Panel>", 250));

@@ -120,6 +120,7 @@ void CListGridElement::ProcessEvents(Widgets::CListGrid& a_grid, const XMLNode& 
 
 void CListGridElement::ProcessItems(Widgets::CListGrid& a_grid, const XMLNode& a_items)
 {
+    std::vector<Widgets::CListGrid::SListItem> items;
     for (const XMLNode& node : a_items.Children())
     {
         if (node.Name() != "Item")
@@ -133,10 +134,9 @@ void CListGridElement::ProcessItems(Widgets::CListGrid& a_grid, const XMLNode& a
                 Core::Logging::elSkipped, "CListGridElement", "Skipping item with empty id in list grid %s", Id());
             continue;
         }
-        Widgets::CListGrid::SListItem item(values.id, values.image, values.text);
-        item.selected = values.selected;
-        a_grid.AddItem(item);
+        items.emplace_back(values.id, values.image, values.text).selected = values.selected;
     }
+    a_grid.AddItems(items);
 }
 
 void CListGridElement::SelectionChangedHandler(Widgets::CWidget*)

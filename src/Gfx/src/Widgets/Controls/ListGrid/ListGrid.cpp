@@ -77,6 +77,15 @@ void CListGrid::AddItem(const SListItem& a_item)
     UpdateLayout();
 }
 
+void CListGrid::AddItems(const std::vector<SListItem>& a_items)
+{
+    for (const SListItem& item : a_items)
+    {
+        Model().Add(item, true);
+    }
+    UpdateLayout();
+}
+
 void CListGrid::Resize(int a_width, int a_height)
 {
     if (ResizeSelf(a_width, a_height))

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Gfx::Widgets
 {
@@ -35,7 +36,7 @@ extern template class GFX_API CItemList<SListGridItem>;
 /// ScrollTo reckons with the tiles that are on show before: where a scroll button appears on the way, the item is one
 /// cell short of being shown, and a second call shows it. An id may stand any number of times. The tiles of a row begin
 /// where the row is in the middle of the grid; what remains at the lower edge stays empty. Any number of items can be
-/// held, as there are widgets for those on show alone, but each one that is added makes the tiles anew.
+/// held, as there are widgets for those on show alone, but each call that adds some makes the tiles anew.
 ///
 /// Properties: "SelectedItem", whose writing also scrolls there.
 ///
@@ -53,6 +54,9 @@ public:
     void SetItemSize(int a_width, int a_height, int a_imageWidth, int a_imageHeight);
 
     void AddItem(const SListItem& a_item);
+
+    /// The same for each of them, with the tiles made once.
+    void AddItems(const std::vector<SListItem>& a_items);
 
     void Resize(int a_width, int a_height) override;
 
