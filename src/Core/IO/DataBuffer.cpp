@@ -1,5 +1,9 @@
 #include "Core/IO/DataBuffer.h"
 
+#include <bit>
+#include <cstring>
+#include <limits>
+
 namespace Core::IO
 {
 
@@ -35,6 +39,7 @@ std::int32_t CDataBuffer::GetInt32()
 
 float CDataBuffer::GetFloat()
 {
+    static_assert(std::numeric_limits<float>::is_iec559);
     return std::bit_cast<float>(GetUInt32());
 }
 
@@ -45,9 +50,11 @@ std::uint32_t CDataBuffer::GetUInt32()
     {
         return 0;
     }
-    const std::uint32_t value = UInt32At(m_position);
+    std::uint32_t value = 0;
+    std::memcpy(&value, m_bytes.data() + m_position, size);
     m_position += size;
-    return value;
+    const bool isNative = (m_endianness == eeLittle) == (std::endian::native == std::endian::little);
+    return isNative ? value : __builtin_bswap32(value);
 }
 
 bool CDataBuffer::Has(std::size_t a_size)

@@ -2,13 +2,9 @@
 
 #include "Core/Api.h"
 
-#include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <limits>
-#include <utility>
+#include <span>
 #include <vector>
 
 namespace Core::IO
@@ -42,18 +38,12 @@ public:
     /// IEEE 754, single precision.
     [[nodiscard]] float GetFloat();
 
-    /// N numbers that begin at an offset from the start, wherever the position is, which stays; zeros if they don't all
-    /// lie within the buffer.
-    template <std::size_t N>
-    [[nodiscard]] std::array<std::int32_t, N> Int32sAt(std::size_t a_offset) const
+    /// a_size bytes that begin at an offset from the start, wherever the position is, which stays; none if they don't
+    /// all lie within the buffer. They are valid until the next Add.
+    [[nodiscard]] std::span<const std::uint8_t> Bytes(std::size_t a_offset, std::size_t a_size) const
     {
-        return NumbersAt<std::int32_t, N>(a_offset);
-    }
-    template <std::size_t N>
-    [[nodiscard]] std::array<float, N> FloatsAt(std::size_t a_offset) const
-    {
-        static_assert(std::numeric_limits<float>::is_iec559);
-        return NumbersAt<float, N>(a_offset);
+        const bool isWithin = a_offset <= m_bytes.size() && a_size <= m_bytes.size() - a_offset;
+        return isWithin ? std::span(m_bytes).subspan(a_offset, a_size) : std::span<const std::uint8_t>();
     }
 
     [[nodiscard]] std::size_t Tell() const { return m_position; }
@@ -61,30 +51,6 @@ public:
     [[nodiscard]] bool Failed() const { return m_failed; }
 
 private:
-    template <typename T, std::size_t N>
-    [[nodiscard]] std::array<T, N> NumbersAt(std::size_t a_offset) const
-    {
-        if (a_offset > m_bytes.size() || N * sizeof(T) > m_bytes.size() - a_offset)
-        {
-            return {};
-        }
-        // One by one: an array that is copied as a whole would go through memory.
-        const auto numbers = [&]<std::size_t... Indices>(std::index_sequence<Indices...>)
-        {
-            return std::array<T, N>{std::bit_cast<T>(UInt32At(a_offset + Indices * sizeof(T)))...};
-        };
-        return numbers(std::make_index_sequence<N>());
-    }
-
-    /// The bytes must be there.
-    [[nodiscard]] std::uint32_t UInt32At(std::size_t a_offset) const
-    {
-        std::uint32_t number = 0;
-        std::memcpy(&number, m_bytes.data() + a_offset, sizeof(number));
-        const bool isNative = (m_endianness == eeLittle) == (std::endian::native == std::endian::little);
-        return isNative ? number : __builtin_bswap32(number);
-    }
-
     [[nodiscard]] std::uint32_t GetUInt32();
     [[nodiscard]] bool Has(std::size_t a_size);
 

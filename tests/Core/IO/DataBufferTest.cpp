@@ -27,10 +27,10 @@ TEST(DataBufferTest, NumbersAreReadInTheOrderOfTheBuffer)
         buffer.Add(example.bytes.data(), 4);
         buffer.Add(example.bytes.data() + 4, 5);
         EXPECT_EQ(buffer.Size(), 9U);
-        EXPECT_EQ(buffer.FloatsAt<1>(5)[0], 1.5F);
-        EXPECT_EQ(buffer.Int32sAt<2>(1)[0], -2);
-        EXPECT_EQ(buffer.Int32sAt<2>(2), (std::array<std::int32_t, 2>{}));
-        EXPECT_EQ(buffer.FloatsAt<1>(static_cast<std::size_t>(-2))[0], 0.0F);
+        EXPECT_EQ(buffer.Bytes(1, 8).data(), buffer.Bytes(0, 9).data() + 1);
+        EXPECT_EQ(buffer.Bytes(9, 0).size(), 0U);
+        EXPECT_EQ(buffer.Bytes(2, 8).size(), 0U);
+        EXPECT_EQ(buffer.Bytes(static_cast<std::size_t>(-2), 4).size(), 0U);
         EXPECT_EQ(buffer.GetUInt8(), 255);
         EXPECT_EQ(buffer.GetInt32(), -2);
         EXPECT_EQ(buffer.Tell(), 5U);

@@ -13,7 +13,7 @@
 #include <iterator>
 #include <limits>
 #include <memory>
-#include <tuple>
+#include <span>
 #include <utility>
 
 namespace Gfx::Managers
@@ -28,32 +28,33 @@ using Core::IO::CDataBuffer;
 using Core::Maths::Vector2;
 using Core::Maths::Vector3;
 
-/// The items of one kind, of N floats, where they lie in the file: copies would add a sixth to the memory of a load.
-template <typename Vector, std::size_t N>
+using Bytes = std::span<const std::uint8_t>;
+
+static_assert(sizeof(Vector3<float>) == k_positionNumbers * k_numberSize);
+static_assert(sizeof(Vector2<float>) == k_texCoordNumbers * k_numberSize);
+
+/// The items of one kind, where they lie in the file: copies would add a sixth to the memory of a load.
+template <typename Item>
 class CItems
 {
 public:
-    static constexpr std::size_t k_itemSize = N * k_numberSize;
-
-    explicit CItems(const CDataBuffer& a_data) : m_data(a_data) {}
-
-    /// Adds those of a record.
-    void Add(std::size_t a_offset, std::uint32_t a_count)
+    /// Adds the whole items of a record.
+    void Add(Bytes a_items)
     {
-        m_runs.push_back({m_size, a_count, a_offset});
-        m_size += a_count;
+        const auto count = static_cast<std::uint32_t>(a_items.size() / sizeof(Item));
+        m_runs.push_back({m_size, count, a_items.data()});
+        m_size += count;
     }
 
     /// Gives the item of a number, which counts from 1; false if there is none.
-    [[nodiscard]] bool operator()(std::int32_t a_number, Vector& a_item) const
+    [[nodiscard]] bool operator()(std::int32_t a_number, Item& a_item)
     {
         const std::uint32_t index = static_cast<std::uint32_t>(a_number) - 1;
         if (index - m_current.first >= m_current.count && !FindRun(index))
         {
             return false;
         }
-        const std::size_t offset = m_current.offset + (index - m_current.first) * k_itemSize;
-        a_item = std::apply([](auto... a_numbers) { return Vector(a_numbers...); }, m_data.FloatsAt<N>(offset));
+        a_item = Decoded<Item>(m_current.items + std::size_t{index - m_current.first} * sizeof(Item));
         return true;
     }
 
@@ -62,10 +63,10 @@ private:
     {
         std::uint32_t first = 0;
         std::uint32_t count = 0;
-        std::size_t offset = 0;
+        const std::uint8_t* items = nullptr;
     };
 
-    [[gnu::noinline]] bool FindRun(std::uint32_t a_index) const
+    [[gnu::noinline]] bool FindRun(std::uint32_t a_index)
     {
         if (a_index >= m_size)
         {
@@ -76,17 +77,16 @@ private:
         return true;
     }
 
-    const CDataBuffer& m_data;
     std::vector<SRun> m_runs;
     std::uint32_t m_size = 0;
     /// The run that was used last.
-    mutable SRun m_current;
+    SRun m_current;
 };
 
 class CModel
 {
 public:
-    explicit CModel(CDataBuffer& a_data) : m_data(a_data), m_positions(a_data), m_texCoords(a_data) {}
+    explicit CModel(CDataBuffer& a_data) : m_data(a_data) {}
 
     /// False if the model has too many groups.
     [[nodiscard]] bool Read()
@@ -102,9 +102,9 @@ public:
             }
             const std::size_t offset = m_data.Tell();
             const std::size_t rest = m_data.Size() - offset;
-            const std::size_t wholeItems = std::min(static_cast<std::size_t>(count), rest / itemSize);
-            ReadItems(tag, offset, static_cast<std::uint32_t>(wholeItems));
-            m_data.Seek(offset + std::min(itemSize * static_cast<std::size_t>(count), rest));
+            const std::size_t size = std::min(itemSize * static_cast<std::size_t>(count), rest);
+            ReadItems(tag, m_data.Bytes(offset, size - size % itemSize));
+            m_data.Seek(offset + size);
             if (m_groups.size() > k_mostModelGroups)
             {
                 return false;
@@ -129,45 +129,45 @@ private:
         }
     }
 
-    void ReadItems(std::uint8_t a_tag, std::size_t a_offset, std::uint32_t a_count)
+    void ReadItems(std::uint8_t a_tag, Bytes a_items)
     {
         if (a_tag == etPosition)
         {
-            m_positions.Add(a_offset, a_count);
-            RaiseExtent(a_offset, a_count);
+            m_positions.Add(a_items);
+            RaiseExtent(a_items);
         }
         else if (a_tag == etTexCoord)
         {
-            m_texCoords.Add(a_offset, a_count);
+            m_texCoords.Add(a_items);
         }
         else if (a_tag == etTriangle)
         {
-            AddGroup(a_offset, a_count);
+            AddGroup(a_items);
         }
     }
 
-    void RaiseExtent(std::size_t a_offset, std::uint32_t a_count)
+    void RaiseExtent(Bytes a_positions)
     {
-        std::array<float, k_positionNumbers> largest{m_extent, m_extent, m_extent};
-        for (std::uint32_t i = 0; i < a_count; ++i)
+        Vector3<float> largest(m_extent, m_extent, m_extent);
+        for (; !a_positions.empty(); a_positions = a_positions.subspan(sizeof(Vector3<float>)))
         {
-            const auto numbers = m_data.FloatsAt<k_positionNumbers>(a_offset + i * (k_positionNumbers * k_numberSize));
-            for (std::size_t axis = 0; axis < largest.size(); ++axis)
-            {
-                // In this order, what isn't a number makes no difference.
-                largest[axis] = std::max(largest[axis], std::abs(numbers[axis]));
-            }
+            const auto position = Decoded<Vector3<float>>(a_positions.data());
+            // In this order, what isn't a number makes no difference.
+            largest.x = std::max(largest.x, std::abs(position.x));
+            largest.y = std::max(largest.y, std::abs(position.y));
+            largest.z = std::max(largest.z, std::abs(position.z));
         }
-        m_extent = *std::max_element(largest.begin(), largest.end());
+        m_extent = std::max({largest.x, largest.y, largest.z});
     }
 
-    void AddGroup(std::size_t a_offset, std::uint32_t a_count)
+    void AddGroup(Bytes a_triangles)
     {
-        detail::CGroupBuilder builder(a_count);
-        for (std::uint32_t i = 0; i < a_count; ++i)
+        using Corners = std::array<std::int32_t, k_triangleNumbers>;
+        detail::CGroupBuilder builder(a_triangles.size() / sizeof(Corners));
+        for (; !a_triangles.empty(); a_triangles = a_triangles.subspan(sizeof(Corners)))
         {
             // Three corners of vertex, texture coordinate and normal. Of the first two, what is below 1 isn't found.
-            const auto corners = m_data.Int32sAt<k_triangleNumbers>(a_offset + i * (k_triangleNumbers * k_numberSize));
+            const auto corners = Decoded<Corners>(a_triangles.data());
             if (std::min({corners[2], corners[5], corners[8]}) > 0)
             {
                 builder.Add({corners[0], corners[3], corners[6]}, {corners[1], corners[4], corners[7]}, m_positions,
@@ -178,8 +178,8 @@ private:
     }
 
     CDataBuffer& m_data;
-    CItems<Vector3<float>, k_positionNumbers> m_positions;
-    CItems<Vector2<float>, k_texCoordNumbers> m_texCoords;
+    CItems<Vector3<float>> m_positions;
+    CItems<Vector2<float>> m_texCoords;
     GeometryPtrList m_groups;
     float m_extent = std::numeric_limits<float>::min();
 };

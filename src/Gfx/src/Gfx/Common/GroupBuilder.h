@@ -22,18 +22,18 @@ public:
     /// Adds a triangle, one of those that were announced, or drops it: a_position(index, result) and
     /// a_texCoord(index, result) say false for an index that they don't have.
     template <typename Position, typename TexCoord>
-    void Add(const std::array<int, 3>& a_vertex, const std::array<int, 3>& a_texCoordIndex, const Position& a_position,
-             const TexCoord& a_texCoord)
+    void Add(const std::array<int, 3>& a_vertex, const std::array<int, 3>& a_texCoordIndex, Position&& a_position,
+             TexCoord&& a_texCoord)
     {
-        for (std::size_t corner = 0; corner < 3; ++corner)
+        Vector3f* const vertex = m_vertices.data() + m_size;
+        Vector2f* const texCoord = m_texCoords.data() + m_size;
+        // Written out: indices that a loop takes from their arrays would go through memory.
+        if (a_position(a_vertex[0], vertex[0]) && a_position(a_vertex[1], vertex[1]) &&
+            a_position(a_vertex[2], vertex[2]) && a_texCoord(a_texCoordIndex[0], texCoord[0]) &&
+            a_texCoord(a_texCoordIndex[1], texCoord[1]) && a_texCoord(a_texCoordIndex[2], texCoord[2]))
         {
-            if (!a_position(a_vertex[corner], m_vertices[m_size + corner]) ||
-                !a_texCoord(a_texCoordIndex[corner], m_texCoords[m_size + corner]))
-            {
-                return;
-            }
+            m_size += 3;
         }
-        m_size += 3;
     }
 
     /// Ends the group.
