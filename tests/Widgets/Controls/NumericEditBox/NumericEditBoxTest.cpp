@@ -286,6 +286,23 @@ TEST_F(NumericEditBoxTest, FontsReachTheFieldsAndFollowTheTheme)
     EXPECT_EQ(FieldsOf(*box, "s")[0]->Font().colour, Gfx::Colours::Lime);
 }
 
+TEST_F(NumericEditBoxTest, AHandlerThatAlwaysChangesTheFieldsComesToAnEnd)
+{
+    const auto box = Add(k_time);
+    int calls = 0;
+    Notify::Callable handler([&](CWidget*)
+                             { calls < 10'000 ? box->Text(++calls % 2 != 0 ? "1h1m1s" : "2h2m2s") : void(); });
+    box->SetTextChangedEventHandler(&handler);
+    for (const char* text : {"3h3m3s", "4h4m4s"})
+    {
+        calls = 0;
+        box->Text(text);
+        EXPECT_GT(calls, 3) << text;
+        EXPECT_LT(calls, 1000) << text;
+    }
+    box->SetTextChangedEventHandler(nullptr);
+}
+
 TEST_F(NumericEditBoxTest, HandlersMayDestroyTheBoxOrReplaceItsFieldsAtAnyChange)
 {
     WidgetPtr keep;

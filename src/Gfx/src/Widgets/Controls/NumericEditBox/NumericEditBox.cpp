@@ -18,6 +18,10 @@ namespace
 constexpr unsigned int k_backspace = 0xFF08;
 constexpr unsigned int k_nextField = '.';
 
+/// A handler that changes the fields is told of each of them, and so on: the number of calls grows with every round,
+/// so it is the number of them all that has an end, and not the depth alone as with a single field.
+constexpr int k_mostNotifications = 100;
+
 constexpr std::array s_properties{
     SProperty<CNumericEditBox>{"Text", [](const CNumericEditBox& a_box) { return a_box.Text(); },
                                [](CNumericEditBox& a_box, const std::string& a_value) { a_box.Text(a_value); }},
@@ -201,9 +205,17 @@ void CNumericEditBox::Font(const Text::CFontSettings& a_font)
 
 void CNumericEditBox::TextChanged()
 {
-    if (m_textChangedHandler != nullptr)
+    if (m_textChangedHandler == nullptr || m_notifications == k_mostNotifications)
     {
-        m_textChangedHandler->Execute(this);
+        return;
+    }
+    const CLife life(Children());
+    const bool isOutermost = m_notifications == 0;
+    ++m_notifications;
+    m_textChangedHandler->Execute(this);
+    if (isOutermost && !life.IsOver())
+    {
+        m_notifications = 0;
     }
 }
 

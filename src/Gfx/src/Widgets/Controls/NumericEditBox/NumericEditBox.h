@@ -69,7 +69,8 @@ public:
     [[nodiscard]] const Text::CFontSettings& Font() const { return m_font; }
     void Font(const Text::CFontSettings& a_font);
 
-    /// Told, with this widget, of every change of a field's text; null for none.
+    /// Told, with this widget, of every change of a field's text; null for none. A handler that changes the text itself
+    /// is called again for each field, though not without end.
     void SetTextChangedEventHandler(TextChangedHandler* a_handler) { m_textChangedHandler = a_handler; }
     void TextChanged();
     void TextChangedEvent(CWidget* a_field);
@@ -128,6 +129,8 @@ private:
     const CWidget* m_activeField = nullptr;
     /// The active field has had its first key.
     bool m_typedInField = false;
+    /// How many there have been since a change that no handler has made.
+    int m_notifications = 0;
     /// Outlive the fields' use of them: the fields that are let go of lose them.
     Core::Functor<void, CWidget*, int, const Common::CPoint&, bool>::Method<CNumericEditBox> m_fieldClickHandler{
         this, &CNumericEditBox::ClickEvent};
