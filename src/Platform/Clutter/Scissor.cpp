@@ -13,20 +13,8 @@ namespace
 
 bool s_active = false;
 
-void End()
+void Push(int a_x, int a_y, int a_width, int a_height)
 {
-    if (s_active)
-    {
-        cogl_framebuffer_pop_clip(cogl_get_draw_framebuffer());
-        s_active = false;
-    }
-}
-
-} // namespace
-
-CScissor::CScissor(int a_x, int a_y, int a_width, int a_height)
-{
-    End();
     CoglFramebuffer* framebuffer = cogl_get_draw_framebuffer();
     // Cogl counts from the top, and adds position and size up without regard to what an int can hold.
     const std::int64_t windowWidth = cogl_framebuffer_get_width(framebuffer);
@@ -38,12 +26,44 @@ CScissor::CScissor(int a_x, int a_y, int a_width, int a_height)
     const int bottom = within(windowHeight - a_y, windowHeight);
     const int top = within(windowHeight - a_y - a_height, windowHeight);
     cogl_framebuffer_push_scissor_clip(framebuffer, left, top, std::max(right - left, 0), std::max(bottom - top, 0));
+}
+
+void Pop()
+{
+    cogl_framebuffer_pop_clip(cogl_get_draw_framebuffer());
+}
+
+void End()
+{
+    if (s_active)
+    {
+        Pop();
+        s_active = false;
+    }
+}
+
+} // namespace
+
+CScissor::CScissor(int a_x, int a_y, int a_width, int a_height)
+{
+    End();
+    Push(a_x, a_y, a_width, a_height);
     s_active = true;
 }
 
 CScissor::~CScissor()
 {
     End();
+}
+
+CInnerScissor::CInnerScissor(int a_x, int a_y, int a_width, int a_height)
+{
+    Push(a_x, a_y, a_width, a_height);
+}
+
+CInnerScissor::~CInnerScissor()
+{
+    Pop();
 }
 
 } // namespace Platform

@@ -19,4 +19,16 @@ public:
     CScissor& operator=(const CScissor&) = delete;
 };
 
+/// The same within the rectangle that is set, if one is, which goes on applying afterwards. No CScissor may begin or
+/// end meanwhile.
+class CInnerScissor
+{
+public:
+    /// As for CScissor.
+    CInnerScissor(int a_x, int a_y, int a_width, int a_height);
+    ~CInnerScissor();
+    CInnerScissor(const CInnerScissor&) = delete;
+    CInnerScissor& operator=(const CInnerScissor&) = delete;
+};
+
 } // namespace Platform

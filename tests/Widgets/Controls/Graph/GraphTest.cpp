@@ -292,6 +292,19 @@ TEST_F(GraphTest, NothingIsDrawnOutsideAndAFrameOfAPartIsLikeAWholeOne)
     EXPECT_FALSE(Widgets().FindWidget("parent:victim", nullptr));
 }
 
+TEST_F(GraphTest, APanelClipsItAndWhatComesAfterIt)
+{
+    const auto panel = AddTopLevel(new GfxTest::CBlock("panel", 200, 150, 100, 60, Navy, true));
+    const auto graph = AddChild(*panel, new CGraph("graph", -50, -50, 202, 202, easmOff, easmOff, false, false));
+    AddChild(*panel, new GfxTest::CBlock("after", 90, 50, 100, 100, Green));
+    graph->AddSeries("s", Red, 500.0F, 9);
+    AddPoints(*graph, "s", {{-100, 0}, {100, 0}, {0, 100}, {0, -100}});
+    const auto picture = FreshPicture();
+    EXPECT_EQ(picture.Count(Black), k_width * k_height - 100 * 60);
+    EXPECT_EQ(picture.At(200, 150), Red);
+    EXPECT_EQ(picture.Extent(Green), "290,200 10 x 10");
+}
+
 TEST_F(GraphTest, ColoursAreTheThemesAndAsTransparentAsTheWidget)
 {
     const auto graph = Add();

@@ -470,11 +470,11 @@ void CGraph::DrawSelf() const
     {
         return;
     }
-    // All of the widget but its first row.
+    // All of the widget but its first row, as far as a panel around it shows it.
     const Common::CPoint topLeft = AbsoluteTopLeft();
     const std::int64_t displayHeight = StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
-    const Platform::CScissor scissor(topLeft.X(), Common::detail::Saturated(displayHeight - topLeft.Y() - height),
-                                     width, height - 1);
+    const Platform::CInnerScissor scissor(topLeft.X(), Common::detail::Saturated(displayHeight - topLeft.Y() - height),
+                                          width, height - 1);
     for (const auto& [name, series] : m_series)
     {
         DrawSeries(*series);
