@@ -141,6 +141,11 @@ TEST_F(WidgetStatusTest, AWidgetKeepsTheFileThatItHasChosenAndOverwritesNoOther)
     EXPECT_EQ(Content(path + "root.xml"), newDump);
     EXPECT_EQ(Content(path + "root_1.xml"), twinDump);
 
+    CWidgetStatus third;
+    third.SetWidgetName(std::string("root\0x", 6));
+    ASSERT_TRUE(third.WriteToFile(path));
+    EXPECT_TRUE(std::filesystem::exists(path + "root_2.xml"));
+
     std::filesystem::remove(path + "root.xml");
     std::filesystem::create_symlink("/dev/full", path + "root.xml");
     EXPECT_FALSE(root->Status().WriteToFile(path)) << "a full disk";

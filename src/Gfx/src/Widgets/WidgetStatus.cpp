@@ -123,7 +123,8 @@ bool CWidgetStatus::WriteToFile(const std::string& a_directory)
     }
     if (!m_hasFileName)
     {
-        const std::string base = a_directory + (a_directory.ends_with('/') ? "" : "/") + m_widgetName;
+        // A path ends with its first null character, and what came behind that would not tell two files apart.
+        const std::string base = (a_directory + (a_directory.ends_with('/') ? "" : "/") + m_widgetName).c_str();
         m_fileName = base + ".xml";
         for (int i = 1; Core::Utilities::FileExists(m_fileName); ++i)
         {

@@ -170,6 +170,17 @@ TEST_F(ListGridTest, AnySizeIsTakenInSomeWay)
         grid->AddItem({"a", "", ""});
         EXPECT_EQ(grid->Shown(), "a") << size;
     }
+    // Of negative size it steps the other way, up to the limit of what an integer holds.
+    constexpr int side = -CWidget::k_longestSide;
+    const auto turned = Add("", side, -1);
+    turned->SetItemSize(-9, -9, 1, 1);
+    turned->AddItem({"ScrollBackward", "", ""});
+    for (int i = 0; i < 200; ++i)
+    {
+        turned->Button(0)->MouseEvent(Gfx::Events::FirstClick, 0, {0, 0}, false);
+        turned->Resize(side, 0);
+        ASSERT_EQ(turned->Shown(), "<") << i;
+    }
     // A view that can't go on: one tile that acts as the button forward.
     const auto grid = Add("");
     grid->AddItem({"ScrollForward", "", ""});

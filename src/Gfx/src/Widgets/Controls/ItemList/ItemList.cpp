@@ -223,7 +223,8 @@ void CItemList<ItemT>::ItemPressed(CWidget* a_widget, int, const Common::CPoint&
     const SView view = View();
     if (item->id == k_scrollBackwardId)
     {
-        m_firstItem = std::max(m_firstItem - view.step, 0);
+        // A grid of negative size steps the other way, each time.
+        m_firstItem = Common::detail::Saturated(std::max<std::int64_t>(std::int64_t{m_firstItem} - view.step, 0));
         UpdateLayout();
     }
     else if (item->id == k_scrollForwardId)
