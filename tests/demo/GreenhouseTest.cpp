@@ -238,6 +238,27 @@ TEST_F(GreenhouseTest, ABedIsWateredUntilItIsToldToStop)
     EXPECT_TRUE(IsShown("Irrigation:Bed4:Off"));
 }
 
+TEST_F(GreenhouseTest, ADayPasses)
+{
+    Open("Climate");
+    Tap("Climate:Control:Automatic");
+    Open("Irrigation");
+    Tap("Irrigation:Tank:Fill");
+    bool isWatered = false;
+    for (int minute = 0; minute < 24 * 60; ++minute)
+    {
+        s_demo->Step();
+        const Demo::SSimulation& state = s_demo->Simulation();
+        ASSERT_TRUE(state.temperature > 5 && state.temperature < 35 && state.humidity > 20 && state.humidity < 100 &&
+                    state.tank >= 0)
+            << minute;
+        isWatered = isWatered || (state.MinuteOfDay() == 20 * 60 && state.isWatering[2]);
+    }
+    EXPECT_TRUE(isWatered);
+    Open("Alarms");
+    EXPECT_TRUE(IsShown("Alarms:List:Wind"));
+}
+
 TEST_F(GreenhouseTest, TheWizardLeadsThroughItsStagesAndSetsTheConsoleUp)
 {
     Open("Settings");
