@@ -194,6 +194,9 @@ TEST_F(LayoutFaultsTest, FloodsAreMade)
     for (int i = 0; i < 10'000; ++i)
     {
         elements += "<Label id='l" + std::to_string(i) + "' x='" + std::to_string(i % 800) + "' y='0'/>";
+    }
+    for (int i = 0; i < 1'500; ++i)
+    {
         items += "<Item id='i" + std::to_string(i) + "'/>";
     }
     EXPECT_EQ(Show("Attributes", "<Label id='l' x='0' y='0'" + attributes + "/>").size(), 1U);
@@ -206,8 +209,8 @@ TEST_F(LayoutFaultsTest, FloodsAreMade)
                                 "</ListBox>")
                   .size(),
               2U);
-    EXPECT_TRUE(Widgets().FindWidget("g:i9999", nullptr));
-    EXPECT_TRUE(Widgets().FindWidget("b:i9999", nullptr));
+    EXPECT_TRUE(Widgets().FindWidget("g:i1499", nullptr));
+    EXPECT_TRUE(Widgets().FindWidget("b:i1499", nullptr));
     const std::list<WidgetPtr> deep = Show(
         "Deep", Repeat("<Panel id='p' x='1' y='1' width='9' height='9' autoSize='True' allowScrolling='True'>", 250) +
                     Repeat("</Panel>", 250));
