@@ -41,18 +41,26 @@ using Vector3f = C3DFrame::Vector3f;
 constexpr float k_nan = std::numeric_limits<float>::quiet_NaN();
 constexpr float k_infinity = std::numeric_limits<float>::infinity();
 
-/// Draws as the function says.
+/// Draws, and dies, as the functions say.
 class CDrawnEntity : public C3DEntity
 {
 public:
-    explicit CDrawnEntity(std::function<void()> a_draw)
-        : C3DEntity("drawn", GfxTest::Rectangle(1, 1)), m_draw(std::move(a_draw))
+    explicit CDrawnEntity(std::function<void()> a_draw, std::function<void()> a_die = nullptr)
+        : C3DEntity("drawn", GfxTest::Rectangle(1, 1)), m_draw(std::move(a_draw)), m_die(std::move(a_die))
     {
+    }
+    ~CDrawnEntity() override
+    {
+        if (m_die)
+        {
+            m_die();
+        }
     }
     void DrawGeometry() override { m_draw(); }
 
 private:
     std::function<void()> m_draw;
+    std::function<void()> m_die;
 };
 
 class Frame3DTest : public GfxTest::CControlTest
@@ -352,6 +360,72 @@ TEST_F(Frame3DTest, EntitiesMayChangeTheFrameWhileItDraws)
     EXPECT_EQ(ShownExtent(Red), "110,110 80 x 80");
     EXPECT_EQ(draws, 1);
     EXPECT_EQ(frame->EntityAt({150, 150})->Name(), "rectangle");
+}
+
+TEST_F(Frame3DTest, EntitiesMayDrawAndDestroyTheFrameWhileItDraws)
+{
+    const auto painting = AddTopLevel(new C3DFrame("view", 0, 0, 300, 300, true));
+    EntityPtr first(new CDrawnEntity(
+        [&]
+        {
+            painting->RemoveEntity(first);
+            painting->DrawSelf();
+        }));
+    painting->AddEntity(first);
+    painting->AddEntity(RectangleEntity(Red, 4, 4));
+    EXPECT_EQ(ShownExtent(Red), "110,110 80 x 80");
+
+    // As it draws, and as the entity, which nothing else holds, is given up after it has drawn.
+    for (const bool isEntityFirst : {false, true})
+    {
+        Core::SharedPtr<C3DFrame> frame(new C3DFrame("view", 300, 0, 300, 300, true));
+        C3DFrame* const plain = frame.Get();
+        int deaths = 0;
+        const auto destroy = [&]
+        {
+            Widgets().DestroyWidget(plain);
+            frame.Reset();
+        };
+        EntityPtr entity(new CDrawnEntity(
+            [&]
+            {
+                isEntityFirst ? plain->RemoveEntity(entity) : destroy();
+                entity.Reset();
+            },
+            [&]
+            {
+                ++deaths;
+                if (isEntityFirst)
+                {
+                    destroy();
+                }
+            }));
+        frame->AddEntity(entity);
+        frame->AddEntity(RectangleEntity(Lime, 4, 4));
+        frame->AddEntity(RectangleEntity(Lime, 4, 4));
+        Widgets().AddWidget(frame);
+        Settle();
+        EXPECT_EQ(deaths, 1);
+        EXPECT_EQ(frame, Core::SharedPtr<C3DFrame>());
+        EXPECT_EQ(FreshPicture().Count(Lime), 0);
+    }
+
+    const EntityPtr sibling = RectangleEntity(Lime, 4, 4);
+    auto* const frame = new C3DFrame("view", 0, 0, 300, 300, true);
+    int entities = -1;
+    {
+        const WidgetPtr widget(frame);
+        frame->AddEntity(sibling);
+        frame->AddEntity(EntityPtr(new CDrawnEntity([] {},
+                                                    [&]
+                                                    {
+                                                        frame->RemoveEntity(sibling);
+                                                        entities = frame->EntityAt({150, 150}) == sibling ? 1 : 0;
+                                                    })));
+        frame->AddEntity(RectangleEntity(Lime, 4, 4));
+    }
+    EXPECT_EQ(entities, 0);
+    EXPECT_EQ(sibling.Count(), 1U);
 }
 
 TEST_F(Frame3DTest, NumbersThatAreNoneStayWithinTheFrame)

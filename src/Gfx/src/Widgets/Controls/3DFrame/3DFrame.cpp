@@ -47,6 +47,13 @@ C3DFrame::C3DFrame(const std::string& a_name, int a_x, int a_y, int a_width, int
     m_view = CGlWrapper::Camera_LookAt(Vector3f(0, 0, 0), 0, 90, 15);
 }
 
+C3DFrame::~C3DFrame()
+{
+    // The destructor of an entity may still use the frame, which then has none.
+    std::list<EntityPtr> entities;
+    entities.swap(m_entities);
+}
+
 void C3DFrame::AddEntity(EntityPtr a_entity)
 {
     if (a_entity && std::find(m_entities.begin(), m_entities.end(), a_entity) == m_entities.end())
@@ -63,7 +70,7 @@ void C3DFrame::RemoveEntity(EntityPtr a_entity)
     {
         return;
     }
-    if (m_isDrawing)
+    if (m_drawings > 0)
     {
         entity->Reset();
     }
@@ -163,17 +170,26 @@ void C3DFrame::DrawScene() const
 
 void C3DFrame::DrawEntities() const
 {
-    // An entity of the application's own may add and remove entities while it draws, itself included.
-    m_isDrawing = true;
+    // An entity of the application's own may, while it draws, add and remove entities, itself included, have all of
+    // this drawn once more, or destroy the frame.
+    const CLife life(Children());
+    ++m_drawings;
     for (const EntityPtr& listed : m_entities)
     {
-        if (const EntityPtr entity = listed)
+        if (EntityPtr entity = listed)
         {
             entity->DrawObject();
+            entity.Reset();
+            if (life.IsOver())
+            {
+                return;
+            }
         }
     }
-    m_isDrawing = false;
-    m_entities.remove(EntityPtr());
+    if (--m_drawings == 0)
+    {
+        m_entities.remove(EntityPtr());
+    }
 }
 
 void C3DFrame::NotifyPositionChanged()

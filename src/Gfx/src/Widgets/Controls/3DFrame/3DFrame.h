@@ -42,6 +42,7 @@ public:
     /// The camera stands 15 units from the origin, on the z axis, and sees what is between 1 and 825 units from it in a
     /// field of 90 degrees.
     C3DFrame(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_picking);
+    ~C3DFrame() override;
 
     /// Entities are drawn in the order in which they were added: what is transparent comes last. Shared with the
     /// caller; does nothing for null and for one that is there. What is changed of an entity itself is seen after the
@@ -98,7 +99,8 @@ private:
     bool m_picking;
     /// One that is removed while the scene is drawn stays as null until that is done.
     mutable std::list<EntityPtr> m_entities;
-    mutable bool m_isDrawing = false;
+    /// How many are under way, one within the other.
+    mutable int m_drawings = 0;
     Wrapper::SViewMatrix m_projection;
     Wrapper::SViewMatrix m_view;
     std::string m_lastEntityHit;
