@@ -67,6 +67,7 @@ void PrepareForRawDrawing(GLuint a_units)
         // A sampler's filters would replace the texture's own.
         glBindSampler(unit, 0);
     }
+    glColor4ub(255, 255, 255, 255);
     glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
     glClientActiveTexture(GL_TEXTURE0);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);

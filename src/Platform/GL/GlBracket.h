@@ -11,9 +11,9 @@ namespace Platform
 /// lives. What Cogl has been told to draw so far is drawn first. Brackets may be nested.
 ///
 /// Within it OpenGL is as a program finds that doesn't know of Cogl, as far as that matters to coloured or textured
-/// triangles: no shader or program, texture unit 0 active and the only one in use, textures modulated by the colour,
-/// ordinary blending of colours that aren't premultiplied, pixels in memory without gaps, no buffer objects. Clipping,
-/// viewport and matrices are Cogl's.
+/// triangles: no shader or program, white as the colour, texture unit 0 active and the only one in use, textures
+/// modulated by the colour, ordinary blending of colours that aren't premultiplied, pixels in memory without gaps, no
+/// buffer objects. Clipping, viewport and matrices are Cogl's.
 ///
 /// Afterwards all is as Cogl left it, since Cogl doesn't look: every state of OpenGL 1.x with the depth of its stacks,
 /// the shader program, the samplers, the vertex array object and the framebuffers. Errors of OpenGL's that are pending
