@@ -8,9 +8,12 @@
 #include "support/SceneTest.h"
 #include "support/TemporaryDirectory.h"
 
+#include <GL/gl.h>
+
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <random>
 
@@ -44,10 +47,12 @@ const std::string& RedPng()
 class Manager3DTest : public GfxTest::CStageTest
 {
 protected:
-    /// Draws an entity in a frame of 300 by 300 pixels, in which ten pixels are a unit, over black.
+    /// Draws an entity in a frame of 300 by 300 pixels, in which ten pixels are a unit, over black. The frame is half
+    /// transparent, which makes no difference.
     static CPicture Draw(const EntityPtr& a_entity)
     {
         auto* const frame = new Gfx::Widgets::C3DFrame("view", 0, 0, 300, 300, false);
+        frame->SetTransparency(50, false);
         const Core::SharedPtr<Gfx::Widgets::CWidget> widget(frame);
         Widgets().AddWidget(widget);
         frame->AddEntity(a_entity);
@@ -106,6 +111,8 @@ TEST_F(Manager3DTest, ModelsComeInTheirColoursOrWithATexture)
     EXPECT_EQ(Colours(manager.GetModelVariant("Flat", "Square", "second", "")), (std::array{Lime, Lime}));
     EXPECT_EQ(Colours(manager.GetModelVariant("Flat", "Square", "no such", "")), (std::array{Lime, Lime}));
     EXPECT_EQ(Colours(manager.GetModelVariant("Flat", "Again", "", "")), (std::array{Red, Red}));
+    EXPECT_EQ(Colours(manager.GetModelColoured("Flat", "Again", "")), (std::array{White, White}))
+        << "it has no colours";
     EXPECT_EQ(manager.GetModelColoured("Flat", "Square", "")->Name(), "Flat:Square");
     EXPECT_EQ(manager.GetModelVariant("Flat", "Square", "", "mine")->Name(), "mine");
     EXPECT_NE(manager.GetModelVariant("Flat", "Square", "", ""), manager.GetModelVariant("Flat", "Square", "", ""));
@@ -192,6 +199,66 @@ TEST_F(Manager3DTest, WhatCantBeUsedIsLoggedAndLeftOut)
     }
     manager.Initialise("no such folder/");
     ExpectLog("no such folder/Models/Models.xml");
+}
+
+TEST_F(Manager3DTest, AReloadRenewsTexturesAndLeavesEntitiesTheirGeometry)
+{
+    std::string error;
+    EXPECT_TRUE(manager.Reload(error)) << "nothing has been read";
+    const auto table = [](const std::string& a_models)
+    { return "<Models><Category id='C' path='S'>" + a_models + "</Category></Models>"; };
+    const std::string variant = "<V id='v' file='V.png'/>";
+    const std::string square = table("<Model id='M' file='M.obj'>" + variant + "<C id='c' colour='Gold'/></Model>");
+    const auto paint = [this](int a_red, int a_green)
+    {
+        const Pixels pixel{static_cast<std::uint8_t>(a_red), static_cast<std::uint8_t>(a_green), 0};
+        data.Write("Models/S/V.png", EncodePng(1, 1, k_rgb, 8, pixel));
+    };
+    data.Write("Models/S/M.obj", k_square);
+    paint(255, 0);
+    Read(square);
+    const EntityPtr shown = manager.GetModelVariant("C", "M", "", "");
+    EXPECT_EQ(Colours(shown), (std::array{Red, Red}));
+    const Pixels blue{0, 0, 255};
+    ASSERT_TRUE(manager.RegisterTextureBuffer(blue.data(), 1, 1, 3, "mine", 0, 0));
+
+    // Only the lower left triangle.
+    data.Write("Models/S/M.obj", std::string(k_square, std::string(k_square).find("g upper")));
+    paint(0, 255);
+    EXPECT_TRUE(manager.Reload(error)) << error;
+    EXPECT_EQ(Colours(shown), (std::array{Lime, Lime}));
+    EXPECT_EQ(Colours(manager.GetModelVariant("C", "M", "", "")), (std::array{Lime, Black}));
+    EXPECT_EQ(Colours(manager.GetModelColoured("C", "M", "")), (std::array{Gold, Black}));
+    EXPECT_EQ(Quarters(manager.GetTexture("mine"))[0], Blue);
+
+    // A fault in the table leaves everything, one in a file that file's variant; entities keep what they have.
+    data.Write("Models/Models.xml", "<Models>");
+    EXPECT_FALSE(manager.Reload(error));
+    EXPECT_NE(error.find("Models.xml"), std::string::npos) << error;
+    ExpectLog("Models.xml");
+    EXPECT_EQ(Colours(manager.GetModelVariant("C", "M", "v", "")), (std::array{Lime, Black}));
+    data.Write("Models/Models.xml", square);
+    data.Write("Models/S/V.png", "");
+    EXPECT_TRUE(manager.Reload(error));
+    ExpectLog("V.png is damaged");
+    ExpectLog("V.png for C:M:v.");
+    EXPECT_EQ(manager.GetTexture("C:M:v"), C3DManager::TexturePtr());
+    EXPECT_EQ(Colours(shown), (std::array{Lime, Lime}));
+    paint(255, 255);
+    EXPECT_TRUE(manager.Reload(error));
+    EXPECT_EQ(Colours(shown), (std::array{Yellow, Yellow}));
+    EXPECT_EQ(shown.StaticCast<CTexturedEntity>()->GetTexturePtr(), manager.GetTexture("C:M:v"));
+
+    // Nothing is left behind of models that are gone, whether entities have them or not.
+    const unsigned int id = manager.GetTexture("C:M:v")->id;
+    data.Write("Models/Models.xml", table(""));
+    EXPECT_TRUE(manager.Reload(error));
+    EXPECT_EQ(manager.GetModelColoured("C", "M", ""), EntityPtr());
+    EXPECT_EQ(Colours(shown), (std::array{Yellow, Yellow}));
+    shown.StaticCast<CTexturedEntity>()->SetTexturePtr({});
+    EXPECT_EQ(glIsTexture(id), GL_TRUE);
+    EXPECT_TRUE(manager.Reload(error));
+    EXPECT_EQ(glIsTexture(id), GL_FALSE);
 }
 
 TEST_F(Manager3DTest, PngFilesAreReadFromTheBottomUp)
@@ -317,6 +384,9 @@ TEST_F(Manager3DTest, TexturesAreMadeOfPixelsAndChangedByThem)
     EXPECT_TRUE(manager.UpdateTextureBuffer(two.data(), 2, 1, 2, 1, 4, "a"));
     EXPECT_TRUE(manager.UpdateTextureBuffer(two.data(), -1, 0, 2, 1, 4, "a"));
     EXPECT_TRUE(manager.UpdateTextureBuffer(two.data(), 0, 0, -1, 1, 4, "a"));
+    constexpr int limit = std::numeric_limits<int>::max();
+    EXPECT_TRUE(manager.UpdateTextureBuffer(two.data(), limit, 0, 1, 1, 4, "a"));
+    EXPECT_TRUE(manager.UpdateTextureBuffer(two.data(), 0, limit, 1, 1, 4, "a"));
     EXPECT_FALSE(manager.UpdateTextureBuffer(two.data(), 0, 0, 1, 2, 2, "a"));
     EXPECT_FALSE(manager.UpdateTextureBuffer(nullptr, 0, 0, 1, 2, 4, "a"));
     EXPECT_FALSE(manager.UpdateTextureBuffer(two.data(), 0, 0, 1, 2, 4, "b"));

@@ -11,7 +11,9 @@
 #include "Platform/GL/GL.h"
 #include "Platform/GL/GlBracket.h"
 
+#include <cstdint>
 #include <cstdio>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -89,6 +91,12 @@ void SetPixels(const unsigned char* a_pixels, int a_width, int a_height, GLenum 
 
 void SetPixels(const unsigned char* a_pixels, int a_x, int a_y, int a_width, int a_height, GLenum a_format)
 {
+    // OpenGL refuses a part that goes beyond the texture, but drivers reckon its far edges as ints.
+    constexpr std::int64_t farthest = std::numeric_limits<GLint>::max();
+    if (std::int64_t{a_x} + a_width > farthest || std::int64_t{a_y} + a_height > farthest)
+    {
+        return;
+    }
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     glTexSubImage2D(GL_TEXTURE_2D, 0, a_x, a_y, a_width, a_height, a_format, GL_UNSIGNED_BYTE, a_pixels);
 }
@@ -110,7 +118,59 @@ void C3DManager::Initialise(const std::string& a_basePath)
     Core::IO::XMLDocument document;
     // A file that can't be read has been logged, and has no models.
     static_cast<void>(document.Parse(m_basePath + "Models.xml"));
-    if (const Core::IO::XMLNode* const models = document.Section("Models"))
+    ReadTable(document);
+}
+
+bool C3DManager::Reload(std::string& a_error)
+{
+    if (m_basePath.empty())
+    {
+        return true;
+    }
+    Core::IO::XMLDocument document;
+    if (!document.Parse(m_basePath + "Models.xml"))
+    {
+        a_error = document.ErrorText();
+        return false;
+    }
+    for (const auto& [categoryId, models] : m_categories)
+    {
+        for (const auto& [modelId, model] : models)
+        {
+            for (const auto& [variantId, key] : model.variants)
+            {
+                m_formerTextures.insert(m_textures.extract(key));
+            }
+        }
+    }
+    m_categories.clear();
+    m_geometryCache.clear();
+    ReadTable(document);
+    std::erase_if(m_formerTextures,
+                  [this](const auto& a_former)
+                  {
+                      const TexturePtr& texture = a_former.second;
+                      const auto fresh = m_textures.find(a_former.first);
+                      if (fresh == m_textures.end() && texture.Count() > 1)
+                      {
+                          return false;
+                      }
+                      TexturePtr unused = texture;
+                      if (fresh != m_textures.end())
+                      {
+                          // Entities have the former record.
+                          std::swap(*texture, *fresh->second);
+                          unused = std::exchange(fresh->second, texture);
+                      }
+                      glDeleteTextures(1, &unused->id);
+                      return true;
+                  });
+    return true;
+}
+
+void C3DManager::ReadTable(const Core::IO::XMLDocument& a_document)
+{
+    if (const Core::IO::XMLNode* const models = a_document.Section("Models"))
     {
         for (const Core::IO::XMLNode& child : models->Children())
         {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Core/Api.h"
-#include "Core/IO/XMLNode.h"
+#include "Core/IO/XMLDocument.h"
 #include "Core/Maths/Vector2.h"
 #include "Core/Maths/Vector3.h"
 #include "Core/SharedPtr.h"
@@ -57,6 +57,12 @@ public:
     /// to what is there.
     void Initialise(const std::string& a_basePath);
 
+    /// Reads the table again, in place of all models that are known, and what it names. Entities that are there keep
+    /// their geometry, and take the new pixels of their texture if it still has a name; frames have to be told. True,
+    /// with nothing done, before Initialise. If the table can't be read all stays as it was, and a_error says where the
+    /// fault is.
+    [[nodiscard]] bool Reload(std::string& a_error);
+
     /// A new entity of a model in its own colours. Its name is a_name, or "category:model" if that is empty. Null if
     /// there is no such model.
     [[nodiscard]] EntityPtr GetModelColoured(const std::string& a_category, const std::string& a_model,
@@ -109,6 +115,7 @@ public:
                                                              float a_extent, EGeometryType a_type) const;
 
 private:
+    void ReadTable(const Core::IO::XMLDocument& a_document);
     void ReadCategory(const Core::IO::XMLNode& a_category);
     void ReadModel(const Core::IO::XMLNode& a_node, const std::string& a_category, const std::string& a_directory);
     void ReadVariant(const Core::IO::XMLNode& a_node, const std::string& a_category, const std::string& a_directory,
@@ -121,6 +128,8 @@ private:
     std::map<std::string, std::map<std::string, SModel>> m_categories;
     /// By path, so that a file which several models name is loaded once.
     std::map<std::string, GeometryPtrList> m_geometryCache;
+    /// Textures, by key, that a reload didn't find again, for as long as entities have them.
+    std::map<std::string, TexturePtr> m_formerTextures;
 };
 
 } // namespace Gfx::Managers

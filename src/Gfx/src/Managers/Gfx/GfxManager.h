@@ -67,10 +67,10 @@ public:
     [[nodiscard]] std::string TrueScreenShot();
 
     /// Reads the data directory again, for those who write it: configuration, themes, textures, the language's
-    /// texts and layouts. Widgets that are there take the new themes, textures and texts; what an application's own
-    /// widgets have read of the configuration stays with them, while layouts are made anew if it has changed, or if
-    /// they have (CLayoutManager::Reload). A file with a fault in it leaves what was read of it before, and a line that
-    /// says where the fault is; true if there is none.
+    /// texts, layouts, and models if the application has had them read (C3DManager::Reload). Widgets that are there
+    /// take the new themes, textures and texts; what an application's own widgets have read of the configuration stays
+    /// with them, while layouts are made anew if it has changed, or if they have (CLayoutManager::Reload). A file with
+    /// a fault in it leaves what was read of it before, and a line that says where the fault is; true if there is none.
     bool Reload(std::vector<std::string>& a_errors);
 
     [[nodiscard]] int DisplayWidth() const { return m_displayWidth; }

@@ -1,6 +1,7 @@
 #include "Core/Localisation/Manager.h"
 #include "Core/Logging/Logger.h"
 #include "Core/Time.h"
+#include "Managers/3D/3DManager.h"
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Input/InputManager.h"
@@ -143,6 +144,12 @@ bool CGfxManager::Reload(std::vector<std::string>& a_errors)
     reload(config);
     reload(StaticSingleton<CThemeManager>::ref());
     reload(StaticSingleton<CTextureManager>::ref());
+    reload(StaticSingleton<C3DManager>::ref());
+    if (m_stage != nullptr)
+    {
+        // Scenes don't know that their textures have changed.
+        clutter_actor_queue_redraw(m_stage);
+    }
     StaticSingleton<CWidgetManager>::ref().UpdateStyle();
     Core::Localisation::CManager& localisation = *Core::Localisation::CManager::Instance();
     if (!localisation.SetLanguage(localisation.Language()))
