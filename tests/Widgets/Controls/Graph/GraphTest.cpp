@@ -319,6 +319,14 @@ TEST_F(GraphTest, ColoursAreTheThemesAndAsTransparentAsTheWidget)
     EXPECT_EQ(picture.At(100, 100), CColour(191, 191, 127, 255)) << "a border over a background";
     EXPECT_EQ(picture.At(150, 150), CColour(127, 127, 0, 255));
     EXPECT_NEAR(picture.At(200, 200).Red(), 191, 1);
+    graph->ShowXAxis(true);
+    graph->ShowYAxis(true);
+    graph->SetYRange(1, 201);
+    for (const auto& place : {Gfx::Common::CPoint(150, 100), {201, 100}, {201, 250}})
+    {
+        EXPECT_EQ(FreshPicture().At(place.X(), place.Y()), CColour(191, 191, 127, 255))
+            << place.X() << ',' << place.Y();
+    }
 }
 
 } // namespace

@@ -458,19 +458,19 @@ void CGraph::DrawSelf() const
     Utilities::FillRectangle({0, height - 1, width, 1}, m_lineColour);
     Utilities::FillRectangle({0, 1, 1, height - 2}, m_lineColour);
     Utilities::FillRectangle({width - 1, 1, 1, height - 2}, m_lineColour);
-    if (m_showXAxis && m_y.linePosition >= 0 && m_y.linePosition < height)
+    // Axes and lines have all of the widget but its first row.
+    if (m_showXAxis && m_y.linePosition >= 1 && m_y.linePosition < height)
     {
         Utilities::FillRectangle({0, static_cast<int>(m_y.linePosition), width, 1}, m_lineColour);
     }
     if (m_showYAxis && m_x.linePosition >= 0 && m_x.linePosition < width)
     {
-        Utilities::FillRectangle({static_cast<int>(m_x.linePosition), 0, 1, height}, m_lineColour);
+        Utilities::FillRectangle({static_cast<int>(m_x.linePosition), 1, 1, height - 1}, m_lineColour);
     }
     if (m_series.empty())
     {
         return;
     }
-    // All of the widget but its first row, as far as a panel around it shows it.
     const Common::CPoint topLeft = AbsoluteTopLeft();
     const std::int64_t displayHeight = StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
     const Platform::CInnerScissor scissor(topLeft.X(), Common::detail::Saturated(displayHeight - topLeft.Y() - height),
