@@ -11,7 +11,8 @@ namespace Gfx::Managers
 
 /// Runs the application's callbacks periodically, on the main loop. All operations belong on its thread.
 ///
-/// A callback, and the destructor of one, may add and remove timers, its own included.
+/// A callback, and the destructor of one, may add and remove timers, its own included. It must not run the main loop:
+/// it holds Clutter's lock, which the main loop would wait for.
 ///
 /// \code
 /// m_timer = Gfx::Managers::CTimerManager::ref().AddTimeoutMs(1000, Core::Functor<bool>::Make([this] { return Poll();
