@@ -79,7 +79,8 @@ void CListGrid::AddItem(const SListItem& a_item)
 
 void CListGrid::AddItems(const std::vector<SListItem>& a_items)
 {
-    for (const SListItem& item : a_items)
+    // They may be the grid's own.
+    for (const std::vector<SListItem> items = a_items; const SListItem& item : items)
     {
         Model().Add(item, true);
     }
