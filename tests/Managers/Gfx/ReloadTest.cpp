@@ -1,5 +1,6 @@
 // A data directory that changes under a running interface.
 
+#include "Managers/3D/3DManager.h"
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Layout/LayoutManager.h"
@@ -169,6 +170,34 @@ TEST_F(ReloadTest, AFaultLeavesWhatWasThereAndIsLocated)
     s_data.Write("Configuration/ThemeConfig.xml", "<Themes default='Missing'><Theme id='One'/></Themes>");
     EXPECT_EQ(Reload().size(), 1U);
     EXPECT_EQ(StaticSingleton<CThemeManager>::ref().GetTheme(), "One");
+}
+
+TEST_F(ReloadTest, ModelsAreReadAgainIfTheyHaveBeenRead)
+{
+    auto& models = StaticSingleton<Gfx::Managers::C3DManager>::ref();
+    const auto write = [](const std::string& a_id)
+    {
+        s_data.Write("Models/Models.xml",
+                     "<Models><Category id='C' path='S'><Model id='" + a_id +
+                         "' file='M.obj'><Colour id='c' colour='Red'/></Model></Category></Models>");
+    };
+    const auto has = [&models](const char* a_id) { return bool(models.GetModelColoured("C", a_id, "")); };
+    s_data.Write("Models/S/M.obj", "v 0 0 0\n");
+    write("A");
+    EXPECT_TRUE(Reload().empty());
+    EXPECT_FALSE(has("A"));
+    models.Initialise(s_data.Path());
+    EXPECT_TRUE(has("A"));
+    write("B");
+    Settle();
+    EXPECT_TRUE(Reload().empty());
+    EXPECT_TRUE(!has("A") && has("B"));
+    EXPECT_GT(Settle(), 0) << "scenes may have changed";
+    s_data.Write("Models/Models.xml", "<Models>");
+    GfxTest::ExpectLog("Models.xml");
+    EXPECT_EQ(Reload().size(), 1U);
+    EXPECT_TRUE(has("B"));
+    write("B");
 }
 
 TEST_F(ReloadTest, AChangedLayoutTakesThePlaceOfTheFormerOneAndTheOthersStay)
