@@ -168,25 +168,30 @@ TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
     EXPECT_EQ(static_cast<Gfx::Widgets::CButton&>(*numbered).Text(), "No. 7");
 }
 
-TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndFollowsTheTheme)
+TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndAThemesColourStays)
 {
     const GfxTest::CTemporaryDirectory data;
     data.Write("font.xml", "<Layouts><Layout id='Font'><Label id='l' x='0' y='0'><Font><Size>31px</Size>"
                            "<Colour>\n  Ink\n</Colour><Alignment>Bottom,Right</Alignment></Font></Label>"
                            "<Label id='m' x='0' y='0'><Font><Name>Serif</Name><Colour>Red</Colour></Font></Label>"
+                           "<Label id='n' x='0' y='0'><Font><ThemeColour> Red </ThemeColour></Font></Label>"
                            "</Layout></Layouts>");
     Layouts().ParseLayoutFile(data.Path() + "font.xml");
     const std::list<WidgetPtr> widgets = Layouts().RetrieveLayout("Font");
-    ASSERT_EQ(widgets.size(), 2U);
+    ASSERT_EQ(widgets.size(), 3U);
     auto& first = static_cast<Gfx::Widgets::CLabel&>(*widgets.front());
-    auto& second = static_cast<Gfx::Widgets::CLabel&>(*widgets.back());
+    auto& second = static_cast<Gfx::Widgets::CLabel&>(**std::next(widgets.begin()));
+    auto& third = static_cast<Gfx::Widgets::CLabel&>(*widgets.back());
     EXPECT_EQ(first.Font().AsString(), "Sans 31px");
     EXPECT_TRUE(first.Font().colour == Gfx::Colours::White);
     EXPECT_EQ(first.Font().alignment, 0x33);
     EXPECT_EQ(second.Font().AsString(), "Serif 16px");
-    first.UpdateStyle();
-    second.UpdateStyle();
     EXPECT_TRUE(second.Font().colour == Gfx::Colours::Red);
+    EXPECT_TRUE(third.Font().colour == Gfx::Colours::Red);
+    second.UpdateStyle();
+    third.UpdateStyle();
+    EXPECT_TRUE(second.Font().colour == Gfx::Colours::White) << "its own name for a colour has stayed";
+    EXPECT_TRUE(third.Font().colour == Gfx::Colours::Red);
 }
 
 TEST_F(LayoutManagerTest, OfTwoTexturesForOnePartOfAScrollBarTheLastCounts)

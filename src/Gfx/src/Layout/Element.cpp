@@ -191,8 +191,12 @@ SNodeInfo CElement::FontNode()
         return node;
     };
     SNodeInfo font{"Font", "changes the font that theme and configuration give"};
-    font.nodes = {value("Name", "the family"), value("Size", "in pixels"), value("Colour", "of the text"),
-                  value("Alignment", "words such as Left, Centre and Middle")};
+    font.nodes = {
+        value("Name", "the family"), value("Size", "in pixels"),
+        value("Colour",
+              "a named colour, until the theme is next applied, as it is when the widget comes on the screen"),
+        value("ThemeColour", "a colour of the theme, or a named one, for good"),
+        value("Alignment", "words such as Left, Centre and Middle")};
     return font;
 }
 
@@ -331,8 +335,11 @@ void CElement::ProcessFont(const XMLNode& a_node, Text::CFontSettings& a_font)
     }
     if (value("Colour", text))
     {
+        // Until the style is next read: the name by which the control finds its colour stays.
         a_font.colour = ColourFromString(text);
-        // It may be a theme's, and a theme switch must not take it back.
+    }
+    if (value("ThemeColour", text))
+    {
         a_font.colourName = text;
         a_font.UpdateStyle();
     }
