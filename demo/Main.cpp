@@ -1,14 +1,12 @@
 // The console of a greenhouse: its screens are the layouts of demo/greenhouse.
 
 #include "demo/Greenhouse.h"
+#include "demo/Pictures.h"
 
 #include <clutter/clutter.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <string>
-#include <string_view>
 #include <system_error>
 
 namespace
@@ -32,20 +30,6 @@ std::string DataDirectory()
     return std::filesystem::is_directory(source, error) ? source : (program.parent_path() / GFX_DEMO_DATA).string();
 }
 
-/// Draws a whole frame and writes it; false if that fails.
-bool WritePicture(const std::string& a_path)
-{
-    const std::string png = StaticSingleton<CGfxManager>::ref().TrueScreenShot();
-    std::ofstream file(a_path, std::ios::binary);
-    file << png;
-    if (png.empty() || !file.flush())
-    {
-        std::fprintf(stderr, "gfx-demo: can't write %s\n", a_path.c_str());
-        return false;
-    }
-    return true;
-}
-
 /// Every page of the rail in every theme.
 bool WritePictures(const std::string& a_folder)
 {
@@ -57,7 +41,7 @@ bool WritePictures(const std::string& a_folder)
         for (const auto& page : rail.Items())
         {
             rail.ToggleItem(page.id, true);
-            if (!WritePicture(a_folder + '/' + theme + '-' + page.id + ".png"))
+            if (!Demo::WritePicture(a_folder + '/' + theme + '-' + page.id + ".png"))
             {
                 return false;
             }
@@ -70,11 +54,9 @@ bool WritePictures(const std::string& a_folder)
 
 int main(int a_argc, char** a_argv)
 {
-    const bool isPicture = a_argc == 3 && std::string_view(a_argv[1]) == "--screenshot";
-    const bool arePictures = a_argc == 3 && std::string_view(a_argv[1]) == "--screenshots";
-    if (a_argc > 1 && !isPicture && !arePictures)
+    const Demo::SPictureOptions options = Demo::ReadPictureOptions(a_argc, a_argv);
+    if (options.isWrong)
     {
-        std::fprintf(stderr, "usage: %s [--screenshot FILE | --screenshots FOLDER]\n", a_argv[0]);
         return 2;
     }
     const std::string data = DataDirectory();
@@ -91,10 +73,10 @@ int main(int a_argc, char** a_argv)
     }
     StaticSingleton<Gfx::Managers::C3DManager>::ref().Initialise(data);
     Demo::CGreenhouse greenhouse;
-    if (isPicture || arePictures)
+    if (!options.file.empty() || !options.folder.empty())
     {
         clutter_actor_show(gfx.GetStage());
-        return (isPicture ? WritePicture(a_argv[2]) : WritePictures(a_argv[2])) ? 0 : 1;
+        return (options.folder.empty() ? Demo::WritePicture(options.file) : WritePictures(options.folder)) ? 0 : 1;
     }
     const auto step = [&greenhouse]
     {

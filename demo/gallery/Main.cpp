@@ -2,13 +2,11 @@
 
 #include "Gallery.h"
 
+#include "demo/Pictures.h"
+
 #include <clutter/clutter.h>
 
-#include <array>
-#include <cstdio>
-#include <fstream>
 #include <string>
-#include <string_view>
 
 namespace
 {
@@ -19,20 +17,6 @@ using Gfx::Managers::CInputManager;
 
 constexpr int k_stageWidth = 800;
 constexpr int k_stageHeight = 480;
-
-/// Draws a whole frame and writes it; false if that fails.
-bool WritePicture(const std::string& a_path)
-{
-    const std::string png = StaticSingleton<CGfxManager>::ref().TrueScreenShot();
-    std::ofstream file(a_path, std::ios::binary);
-    file << png;
-    if (png.empty() || !file.flush())
-    {
-        std::fprintf(stderr, "gfx-gallery: can't write %s\n", a_path.c_str());
-        return false;
-    }
-    return true;
-}
 
 /// Every page in every theme, and what comes up over it by a touch.
 bool WritePictures(Demo::CGallery& a_gallery, const std::string& a_folder)
@@ -45,13 +29,13 @@ bool WritePictures(Demo::CGallery& a_gallery, const std::string& a_folder)
         {
             a_gallery.ShowPage(page);
             const std::string path = a_folder + '/' + theme + '-' + a_gallery.PageName(page);
-            if (!WritePicture(path + ".png"))
+            if (!Demo::WritePicture(path + ".png"))
             {
                 return false;
             }
             if (Gfx::Widgets::CWidget* const extra = a_gallery.ShowExtra(page))
             {
-                const bool written = WritePicture(path + "-Open.png");
+                const bool written = Demo::WritePicture(path + "-Open.png");
                 widgets.DestroyWidget(extra);
                 if (!written)
                 {
@@ -67,11 +51,9 @@ bool WritePictures(Demo::CGallery& a_gallery, const std::string& a_folder)
 
 int main(int a_argc, char** a_argv)
 {
-    const bool isPicture = a_argc == 3 && std::string_view(a_argv[1]) == "--screenshot";
-    const bool arePictures = a_argc == 3 && std::string_view(a_argv[1]) == "--screenshots";
-    if (a_argc > 1 && !isPicture && !arePictures)
+    const Demo::SPictureOptions options = Demo::ReadPictureOptions(a_argc, a_argv);
+    if (options.isWrong)
     {
-        std::fprintf(stderr, "usage: %s [--screenshot FILE | --screenshots FOLDER]\n", a_argv[0]);
         return 2;
     }
 
@@ -85,10 +67,11 @@ int main(int a_argc, char** a_argv)
     // The pointer of a desktop reports pixels of the stage.
     StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
     Demo::CGallery gallery;
-    if (isPicture || arePictures)
+    if (!options.file.empty() || !options.folder.empty())
     {
         clutter_actor_show(gfx.GetStage());
-        return (isPicture ? WritePicture(a_argv[2]) : WritePictures(gallery, a_argv[2])) ? 0 : 1;
+        return (options.folder.empty() ? Demo::WritePicture(options.file) : WritePictures(gallery, options.folder)) ? 0
+                                                                                                                    : 1;
     }
     gfx.StartMainLoop();
     return 0;

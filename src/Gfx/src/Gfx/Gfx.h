@@ -48,6 +48,7 @@
 #include "Layout/Frame3DElement.h"
 #include "Layout/GraphElement.h"
 #include "Layout/ImageElement.h"
+#include "Layout/ItemListElement.h"
 #include "Layout/KeyboardElement.h"
 #include "Layout/LabelElement.h"
 #include "Layout/LayoutCheck.h"

@@ -1,12 +1,10 @@
 #include "Layout/ListBoxElement.h"
 
-#include "Core/Functor.h"
-#include "Core/Logging/Logger.h"
-#include "Core/StaticSingleton.h"
 #include "Widgets/Controls/ListBox/ListBox.h"
 
 #include <array>
 #include <string>
+#include <utility>
 
 namespace Gfx::Layout
 {
@@ -55,17 +53,20 @@ CElement* CListBoxElement::Process(CElement* a_parent, const XMLNode& a_node)
     list->ParseMarkup(values.parseMarkup);
     list->Background(values.background);
     Attach(a_parent, list);
-    for (const XMLNode& child : a_node.Children())
-    {
-        if (child.Name() == "Events")
-        {
-            ProcessEvents(*list, child);
-        }
-        else if (child.Name() == "Items")
-        {
-            ProcessItems(*list, child);
-        }
-    }
+    ProcessListContent(*list, a_node,
+                       [&](const XMLNode& a_items)
+                       {
+                           list->Freeze();
+                           ProcessItems(s_itemRows, a_items, "CListBoxElement",
+                                        "Skipping item with empty id in list box %s",
+                                        [&list](const SItem& a_values)
+                                        {
+                                            Widgets::CListBox::SListItem item(a_values.id, a_values.text);
+                                            item.selected = a_values.selected;
+                                            list->AddItem(item, true);
+                                        });
+                           list->Thaw();
+                       });
     return this;
 }
 
@@ -76,66 +77,11 @@ std::vector<SAttributeInfo> CListBoxElement::Attributes() const
     return list;
 }
 
-std::vector<SEventInfo> CListBoxElement::Events() const
-{
-    std::vector<SEventInfo> list = CElement::Events();
-    list.push_back({"SelectionChanged", "a touch selects or deselects an item"});
-    return list;
-}
-
 std::vector<SNodeInfo> CListBoxElement::Nodes() const
 {
-    SNodeInfo item{"Item", "an item; one without an id is left out"};
-    DescribeAttributes(s_itemRows, item.attributes);
-    SNodeInfo items{"Items", "what there is to choose from"};
-    items.nodes = {item};
-    return {items};
-}
-
-void CListBoxElement::ProcessEvents(Widgets::CListBox& a_list, const XMLNode& a_events)
-{
-    using Selection = Core::Functor<void, Widgets::CWidget*>;
-    for (const XMLNode& event : a_events.Children())
-    {
-        if (event.Name() == "SelectionChanged")
-        {
-            m_selectionChangedActions = ProcessEventActions(event);
-            a_list.SetSelectionChangedEventHandler(
-                Keep(new Selection::Method<CListBoxElement>(this, &CListBoxElement::SelectionChangedHandler)));
-        }
-        else
-        {
-            ProcessEvent(event);
-        }
-    }
-}
-
-void CListBoxElement::ProcessItems(Widgets::CListBox& a_list, const XMLNode& a_items)
-{
-    a_list.Freeze();
-    for (const XMLNode& node : a_items.Children())
-    {
-        if (node.Name() != "Item")
-        {
-            continue;
-        }
-        const SItem values = ReadAttributes(s_itemRows, node);
-        if (values.id.empty())
-        {
-            Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-                Core::Logging::elSkipped, "CListBoxElement", "Skipping item with empty id in list box %s", Id());
-            continue;
-        }
-        Widgets::CListBox::SListItem item(values.id, values.text);
-        item.selected = values.selected;
-        a_list.AddItem(item, true);
-    }
-    a_list.Thaw();
-}
-
-void CListBoxElement::SelectionChangedHandler(Widgets::CWidget*)
-{
-    ExecuteActions(m_selectionChangedActions);
+    std::vector<SAttributeInfo> attributes;
+    DescribeAttributes(s_itemRows, attributes);
+    return {ItemsNode(std::move(attributes))};
 }
 
 } // namespace Gfx::Layout

@@ -1,12 +1,10 @@
 #include "Layout/ListGridElement.h"
 
-#include "Core/Functor.h"
-#include "Core/Logging/Logger.h"
-#include "Core/StaticSingleton.h"
 #include "Widgets/Controls/ListGrid/ListGrid.h"
 
 #include <array>
 #include <string>
+#include <utility>
 
 namespace Gfx::Layout
 {
@@ -63,17 +61,18 @@ CElement* CListGridElement::Process(CElement* a_parent, const XMLNode& a_node)
     grid->SetItemSize(values.tileWidth, values.tileHeight, values.imageWidth, values.imageHeight);
     grid->Background(values.background);
     Attach(a_parent, grid);
-    for (const XMLNode& child : a_node.Children())
-    {
-        if (child.Name() == "Events")
-        {
-            ProcessEvents(*grid, child);
-        }
-        else if (child.Name() == "Items")
-        {
-            ProcessItems(*grid, child);
-        }
-    }
+    ProcessListContent(*grid, a_node,
+                       [&](const XMLNode& a_items)
+                       {
+                           std::vector<Widgets::CListGrid::SListItem> items;
+                           ProcessItems(s_itemRows, a_items, "CListGridElement",
+                                        "Skipping item with empty id in list grid %s",
+                                        [&items](const SItem& a_values) {
+                                            items.emplace_back(a_values.id, a_values.image, a_values.text).selected =
+                                                a_values.selected;
+                                        });
+                           grid->AddItems(items);
+                       });
     return this;
 }
 
@@ -84,64 +83,11 @@ std::vector<SAttributeInfo> CListGridElement::Attributes() const
     return list;
 }
 
-std::vector<SEventInfo> CListGridElement::Events() const
-{
-    std::vector<SEventInfo> list = CElement::Events();
-    list.push_back({"SelectionChanged", "a touch selects or deselects an item"});
-    return list;
-}
-
 std::vector<SNodeInfo> CListGridElement::Nodes() const
 {
-    SNodeInfo item{"Item", "an item; one without an id is left out"};
-    DescribeAttributes(s_itemRows, item.attributes);
-    SNodeInfo items{"Items", "what there is to choose from"};
-    items.nodes = {item};
-    return {items};
-}
-
-void CListGridElement::ProcessEvents(Widgets::CListGrid& a_grid, const XMLNode& a_events)
-{
-    using Selection = Core::Functor<void, Widgets::CWidget*>;
-    for (const XMLNode& event : a_events.Children())
-    {
-        if (event.Name() == "SelectionChanged")
-        {
-            m_selectionChangedActions = ProcessEventActions(event);
-            a_grid.SetSelectionChangedEventHandler(
-                Keep(new Selection::Method<CListGridElement>(this, &CListGridElement::SelectionChangedHandler)));
-        }
-        else
-        {
-            ProcessEvent(event);
-        }
-    }
-}
-
-void CListGridElement::ProcessItems(Widgets::CListGrid& a_grid, const XMLNode& a_items)
-{
-    std::vector<Widgets::CListGrid::SListItem> items;
-    for (const XMLNode& node : a_items.Children())
-    {
-        if (node.Name() != "Item")
-        {
-            continue;
-        }
-        const SItem values = ReadAttributes(s_itemRows, node);
-        if (values.id.empty())
-        {
-            Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-                Core::Logging::elSkipped, "CListGridElement", "Skipping item with empty id in list grid %s", Id());
-            continue;
-        }
-        items.emplace_back(values.id, values.image, values.text).selected = values.selected;
-    }
-    a_grid.AddItems(items);
-}
-
-void CListGridElement::SelectionChangedHandler(Widgets::CWidget*)
-{
-    ExecuteActions(m_selectionChangedActions);
+    std::vector<SAttributeInfo> attributes;
+    DescribeAttributes(s_itemRows, attributes);
+    return {ItemsNode(std::move(attributes))};
 }
 
 } // namespace Gfx::Layout

@@ -1,36 +1,21 @@
 #pragma once
 
 #include "Core/Api.h"
-#include "Layout/Element.h"
+#include "Layout/ItemListElement.h"
 
 #include <vector>
-
-namespace Gfx::Widgets
-{
-class CListGrid;
-}
 
 namespace Gfx::Layout
 {
 
-/// "ListGrid": a Widgets::CListGrid. Children: "Events", with "SelectionChanged" beside the base events, and "Items",
-/// of "Item" nodes with `id`, `image`, `text` and `selected`.
-class GFX_API CListGridElement : public CElement
+/// "ListGrid": a Widgets::CListGrid. Children: "Events", and "Items", of "Item" nodes with `id`, `image`, `text` and
+/// `selected`.
+class GFX_API CListGridElement : public CItemListElement
 {
 public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
-    [[nodiscard]] std::vector<SEventInfo> Events() const override;
     [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
-
-    /// For the widget.
-    void SelectionChangedHandler(Widgets::CWidget* a_widget);
-
-private:
-    void ProcessEvents(Widgets::CListGrid& a_grid, const Core::IO::XMLNode& a_events);
-    void ProcessItems(Widgets::CListGrid& a_grid, const Core::IO::XMLNode& a_items);
-
-    ActionList m_selectionChangedActions;
 };
 
 } // namespace Gfx::Layout
