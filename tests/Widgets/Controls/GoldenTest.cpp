@@ -3,7 +3,7 @@
 
 #include "Gfx/Gfx.h"
 #include "support/Png.h"
-#include "support/StageTest.h"
+#include "support/SceneTest.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -92,6 +92,31 @@ protected:
             std::ofstream(actual, std::ios::binary) << png;
             ADD_FAILURE() << strays << " pixels differ from " << path << "; what was drawn: " << actual;
         }
+        ExpectTheSameAroundAScene(shown);
+    }
+
+    /// A scene in a corner changes nothing beside it, be it drawn or covered.
+    void ExpectTheSameAroundAScene(const GfxTest::CPicture& a_without)
+    {
+        constexpr int side = 40;
+        const int left = a_without.Width() - side;
+        const int top = a_without.Height() - side;
+        const auto frame = AddChild(*m_screen, new C3DFrame("scene", left, top, side, side, true));
+        frame->AddEntity(GfxTest::RectangleEntity(Gfx::Colours::Fuchsia, 100, 100));
+        const GfxTest::CPicture with =
+            GfxTest::DecodePng(StaticSingleton<Gfx::Managers::CGfxManager>::ref().TrueScreenShot());
+        int strays = 0;
+        for (int y = 0; y < a_without.Height(); ++y)
+        {
+            for (int x = 0; x < a_without.Width(); ++x)
+            {
+                strays += (x < left || y < top) && with.At(x, y) != a_without.At(x, y) ? 1 : 0;
+            }
+        }
+        EXPECT_EQ(strays, 0) << "beside a scene";
+        const bool isCovered = with.At(left + 20, top + 20) == a_without.At(left + 20, top + 20);
+        EXPECT_TRUE(isCovered || with.At(left + 20, top + 20) == Gfx::Colours::Fuchsia);
+        m_screen->DestroyChild(frame.Get());
     }
 
     Core::SharedPtr<CImage> m_screen;
