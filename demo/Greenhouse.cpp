@@ -22,6 +22,7 @@ namespace
 
 constexpr int k_minutesPerDay = 24 * 60;
 constexpr const char* k_localised = "Localised:";
+constexpr const char* k_address = "Network:Entries:Address";
 constexpr std::array k_stages{"SetupLanguage", "SetupPlants", "SetupControl"};
 
 /// What the set-up makes of what grows in the greenhouse.
@@ -122,6 +123,7 @@ CGreenhouse::CGreenhouse()
                SAlarm{"Wind", "Strong wind", [](const SSimulation& a_state) { return a_state.IsWindy(); }}}
 {
     MakeScreens();
+    MakeNetwork();
     MakeWizard();
     MakeHistory();
     AddHandlers();
@@ -136,6 +138,9 @@ void CGreenhouse::MakeScreens()
 {
     static CLayoutManager::ElementConstructor::Function s_viewElement(&Gfx::Managers::ElementBuilder<CViewElement>);
     Layouts().RegisterElementConstructor("Frame3D", &s_viewElement);
+    static CLayoutManager::ElementConstructor::Function s_fieldsElement(
+        &Gfx::Managers::ElementBuilder<Gfx::Layout::CNumericEditBoxElement>);
+    Layouts().RegisterElementConstructor("NumericEditBox", &s_fieldsElement);
     for (const std::string& layout : Layouts().LayoutIds())
     {
         for (const WidgetPtr& widget : Layouts().RetrieveLayout(layout))
@@ -147,6 +152,22 @@ void CGreenhouse::MakeScreens()
     m_view->OnSelected(
         [this](const std::string& a_name)
         { Set("House:Acts:Hint", "Text", k_localised + (a_name.empty() ? "Drag to turn, touch a vent" : a_name)); });
+}
+
+void CGreenhouse::MakeNetwork()
+{
+    Set(k_address, "Text", "192.168.10.20 ");
+    // A touch hits one of the fields, and not the box that the layout knows.
+    m_onAddress.reset(Core::Functor<void, CWidget*, Gfx::Events::EMouseEvent, int, const CPoint&, bool>::Make(
+        [this](CWidget*, Gfx::Events::EMouseEvent a_event, int, const CPoint&, bool)
+        {
+            if (a_event == Gfx::Events::FirstClick)
+            {
+                Set("AddressKeys", "Text", Find<CWidget>(k_address)->GetProperty("Text", ""));
+                SetBool("AddressKeys", "Visible", true);
+            }
+        }));
+    Find<CNumericEditBox>(k_address)->SetMouseEditBoxListEventHandler(m_onAddress.get());
 }
 
 void CGreenhouse::MakeWizard()

@@ -51,6 +51,7 @@ private:
     };
 
     void MakeScreens();
+    void MakeNetwork();
     void MakeWizard();
     void MakeHistory();
     void AddHandlers();
@@ -90,6 +91,7 @@ private:
     int m_shownVents = -1;
     Core::SharedPtr<Gfx::Widgets::CWizard> m_wizard;
     std::unique_ptr<Gfx::Widgets::CWizard::NavigateHandler> m_navigate;
+    std::unique_ptr<CWidget::MouseHandler> m_onAddress;
     Gfx::Widgets::CGraph* m_graph = nullptr;
     int m_historyHours = 24;
     /// Where targets were, and what the panel said when they were touched.

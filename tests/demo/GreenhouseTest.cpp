@@ -302,6 +302,17 @@ TEST_F(GreenhouseTest, AKeyboardFillsAField)
     testing::internal::CaptureStdout();
     EXPECT_FALSE(Widgets().GetModalWidget());
     EXPECT_EQ(Get("Network:Entries:Name", "Text"), "AB");
+    // One that the program has registered, with fields that it listens to.
+    EXPECT_EQ(Get("Network:Entries:Address", "Text"), "192.168.10.20 ");
+    Tap("Network:Entries:Address");
+    for (const char* key : {"1", "0", "Done"})
+    {
+        Tap(std::string("AddressKeys:WindowPanel:") + key);
+    }
+    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(Widgets().GetModalWidget());
+    EXPECT_EQ(Get("Network:Entries:Address", "Text"), "10.0.0.0 ");
     Tap("Network:Entries:Automatic");
     EXPECT_FALSE(IsShown("Network:Entries:Address"));
     Tap("Network:Entries:Connect");

@@ -173,6 +173,10 @@ int main(int a_argc, char** a_argv)
     {
         Print("element", element.make()->Describe(element.type, element.description));
     }
+    Print("element",
+          CNumericEditBoxElement().Describe(
+              "NumericEditBox",
+              "fields of a text, with labels between them, such as an address; a program has to register it"));
     PrintActions();
     for (const Core::SharedPtr<CWidget>& control : MakeControls())
     {

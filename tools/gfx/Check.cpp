@@ -13,6 +13,7 @@ int Check(const SOptions& a_options)
     {
         return Print({a_options.directory + ": no directory"}) == 0 ? eeSuccess : eeFailure;
     }
+    RegisterElements();
     return Print(Gfx::Layout::CheckLayouts(a_options.directory)) == 0 ? eeSuccess : eeFailure;
 }
 

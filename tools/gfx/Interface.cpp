@@ -60,8 +60,16 @@ bool Tap(const std::string& a_path)
 
 } // namespace
 
+void RegisterElements()
+{
+    static CLayoutManager::ElementConstructor::Function s_fields(
+        &Gfx::Managers::ElementBuilder<Gfx::Layout::CNumericEditBoxElement>);
+    StaticSingleton<CLayoutManager>::ref().RegisterElementConstructor("NumericEditBox", &s_fields);
+}
+
 bool StartInterface(const SOptions& a_options)
 {
+    RegisterElements();
     if (!g_file_test(a_options.directory.c_str(), G_FILE_TEST_IS_DIR))
     {
         std::fprintf(stderr, "gfx: %s is no directory\n", a_options.directory.c_str());

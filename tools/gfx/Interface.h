@@ -8,6 +8,9 @@
 namespace Tool
 {
 
+/// Makes the kind of element known that the toolkit leaves to its applications: "NumericEditBox".
+void RegisterElements();
+
 /// Brings the toolkit up on a data directory, with the theme and language that the options name; false, with a line of
 /// why, if that can't be done. "all" isn't a name here. May be called once.
 [[nodiscard]] bool StartInterface(const SOptions& a_options);
