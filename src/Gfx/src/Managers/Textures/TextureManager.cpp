@@ -48,6 +48,17 @@ const std::string& ThroughTheme(const std::string& a_name)
 
 } // namespace
 
+CTextureManager::CTextureManager() = default;
+
+CTextureManager::~CTextureManager()
+{
+    // OpenGL may have ended before: at the end of the process the textures are left to it, where they can still be
+    // found.
+    static auto* const s_left = new std::list<CTexturePage>;
+    s_left->splice(s_left->end(), m_pages);
+    s_left->splice(s_left->end(), m_formerPages);
+}
+
 void CTextureManager::Initialise(const std::string& a_basePath)
 {
     m_directory = a_basePath + "TextureMaps/";

@@ -30,6 +30,11 @@ namespace Gfx::Managers
 class GFX_API CTextureManager
 {
 public:
+    CTextureManager();
+    ~CTextureManager();
+    CTextureManager(const CTextureManager&) = delete;
+    CTextureManager& operator=(const CTextureManager&) = delete;
+
     /// Reads the table; a_basePath is the data directory, with a separator at its end. Bad images and elements are
     /// logged and left out. A further call adds to what is there.
     void Initialise(const std::string& a_basePath);
