@@ -490,6 +490,8 @@ void CGreenhouse::SetTheme(const std::string& a_theme)
 void CGreenhouse::SetLanguage(const std::string& a_language)
 {
     static_cast<void>(Languages().SetLanguage(a_language));
+    // It isn't on the stage, and its stages belong to it rather than to their layouts.
+    m_wizard->UpdateLocalisedText();
     for (const char* page : {"Settings:Language:", "SetupLanguage:Page:"})
     {
         SetBool(std::string(page) + (a_language == "de" ? "German" : "English"), "Checked", true);

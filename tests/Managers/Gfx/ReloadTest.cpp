@@ -1,5 +1,6 @@
 // A data directory that changes under a running interface.
 
+#include "Core/Localisation/Manager.h"
 #include "Managers/3D/3DManager.h"
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
@@ -241,6 +242,25 @@ TEST_F(ReloadTest, AChangedLayoutTakesThePlaceOfTheFormerOneAndTheOthersStay)
     EXPECT_TRUE(Reload().empty());
     EXPECT_EQ(Screen(), "o1 o2");
     EXPECT_NE(Widgets().FindWidget("o1", nullptr).Get(), kept);
+}
+
+TEST_F(ReloadTest, ALayoutThatComesBackSpeaksTheLanguageOfNow)
+{
+    s_data.Write("Localisation/de.xml", "<Localisation language='de'><Text id='hello'>Hallo</Text></Localisation>");
+    auto& localisation = *Core::Localisation::CManager::Instance();
+    ASSERT_TRUE(localisation.SetLanguage("en"));
+    const std::string label = "<Label id='l' x='0' y='0' width='90' height='30' text='Localised:hello'/>";
+    WriteLayouts(Layout("Away", "<Panel id='away' x='0' y='0'>" + label + "</Panel>") + Layout("Kept", label));
+    EXPECT_TRUE(Reload().empty());
+    Apply("Away");
+    const GfxTest::WidgetPtr kept = StaticSingleton<CLayoutManager>::ref().RetrieveLayout("Kept").front();
+    Widgets().DestroyWidget(Widgets().FindWidget("away", nullptr).Get());
+    ASSERT_TRUE(localisation.SetLanguage("de"));
+    StaticSingleton<CLayoutManager>::ref().ApplyLayout("Away");
+    EXPECT_EQ(Widgets().FindWidget("away:l", nullptr)->GetCustomInfo().at("Text"), "Hallo");
+    EXPECT_EQ(StaticSingleton<CLayoutManager>::ref().RetrieveLayout("Kept").front(), kept);
+    EXPECT_EQ(kept->GetCustomInfo().at("Text"), "Hallo");
+    ASSERT_TRUE(localisation.SetLanguage("en"));
 }
 
 TEST_F(ReloadTest, AFaultInALayoutFileLeavesAllLayouts)

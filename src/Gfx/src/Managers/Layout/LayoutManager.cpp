@@ -1,6 +1,7 @@
 #include "Managers/Layout/LayoutManager.h"
 
 #include "Core/IO/XMLDocument.h"
+#include "Core/Localisation/Manager.h"
 #include "Core/Logging/Logger.h"
 #include "Managers/Widgets/WidgetManager.h"
 
@@ -163,6 +164,23 @@ const CLayoutManager::Elements* CLayoutManager::FindOrParse(const std::string& a
     return parsed != m_parsedLayouts.end() ? &parsed->second : nullptr;
 }
 
+void CLayoutManager::FollowLanguage(const std::string& a_id, Elements a_elements)
+{
+    const Core::Localisation::CManager* const localisation = Core::Localisation::CManager::Instance();
+    const std::string language = localisation != nullptr ? localisation->Language() : "";
+    if (std::exchange(m_languages.try_emplace(a_id, language).first->second, language) == language)
+    {
+        return;
+    }
+    for (const Layout::CElement::ElementPtr& element : a_elements)
+    {
+        if (const WidgetPtr widget = element ? element->Widget() : WidgetPtr())
+        {
+            widget->UpdateLocalisedText();
+        }
+    }
+}
+
 void CLayoutManager::ApplyLayout(const std::string& a_id)
 {
     const Elements* const found = FindOrParse(a_id, true);
@@ -174,6 +192,7 @@ void CLayoutManager::ApplyLayout(const std::string& a_id)
     m_appliedLayouts.insert(a_id);
     // What becomes visible may run actions.
     const Elements elements = *found;
+    FollowLanguage(a_id, elements);
     for (const Layout::CElement::ElementPtr& element : elements)
     {
         if (element)
@@ -187,9 +206,11 @@ void CLayoutManager::ApplyLayout(const std::string& a_id)
 std::list<CLayoutManager::WidgetPtr> CLayoutManager::RetrieveLayout(const std::string& a_id)
 {
     std::list<WidgetPtr> widgets;
-    if (const Elements* elements = FindOrParse(a_id, false))
+    if (const Elements* found = FindOrParse(a_id, false))
     {
-        for (const Layout::CElement::ElementPtr& element : *elements)
+        const Elements elements = *found;
+        FollowLanguage(a_id, elements);
+        for (const Layout::CElement::ElementPtr& element : elements)
         {
             if (const WidgetPtr widget = element ? element->Widget() : WidgetPtr())
             {

@@ -109,6 +109,8 @@ private:
 
     /// The elements of a layout, made now if they have not been; null if there is no such layout.
     const Elements* FindOrParse(const std::string& a_id, bool a_report);
+    /// Tells widgets that weren't on the screen of a change of language.
+    void FollowLanguage(const std::string& a_id, Elements a_elements);
     [[nodiscard]] ElementConstructor::Signature* FindConstructor(const std::string& a_type) const;
 
     std::map<std::string, Core::IO::XMLNode> m_rawLayouts;
@@ -118,6 +120,8 @@ private:
     std::vector<std::unique_ptr<ElementConstructor::Signature>> m_standardConstructors;
     std::map<std::string, Elements> m_parsedLayouts;
     std::set<std::string> m_appliedLayouts;
+    /// In which each parsed layout's texts are.
+    std::map<std::string, std::string> m_languages;
     /// Those of replaced layouts, which something may still call.
     std::vector<Elements> m_formerElements;
     std::map<std::string, NotificationHandler*> m_notificationHandlers;
