@@ -1,16 +1,20 @@
 // A 3D frame with entities of 1,000 triangles each: what it costs in processor time to paint it, as a whole and without
 // drawing its pixels, and to find out which of them a touch hits; and what it costs to enter and leave OpenGL in a
-// paint. AllocationsPerFrame counts those of C++ code.
+// paint. AllocationsPerFrame counts those of C++ code, GlCallsPerFrame the toolkit's own calls; Redundant are those
+// among them that switch something on or off that has been so already.
 
 #include "BenchStage.h"
 #include "Counters.h"
+#include "GlCalls.h"
 
 #include "Platform/GL/GlBracket.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -104,16 +108,23 @@ struct SScene
 
 void Paint(benchmark::State& a_state, C3DFrame& a_frame)
 {
-    const Bench::SCounters before = Bench::Counters();
+    const long allocations = Bench::Counters().allocations;
+    const Bench::SGlCalls calls = Bench::GlCalls();
     const Bench::CStopwatch stopwatch;
     for (auto _ : a_state)
     {
         Bench::PaintWidget(a_frame);
     }
-    const auto frames = static_cast<double>(a_state.iterations());
-    a_state.counters["CpuMilliseconds"] = 1e3 * stopwatch.Seconds() / frames;
-    a_state.counters["AllocationsPerFrame"] =
-        static_cast<double>(Bench::Counters().allocations - before.allocations) / frames;
+    const double seconds = stopwatch.Seconds();
+    const auto perFrame = [frames = static_cast<double>(a_state.iterations())](long a_before, long a_after)
+    { return static_cast<double>(a_after - a_before) / frames; };
+    const std::pair<const char*, double> counters[] = {
+        {"AllocationsPerFrame", perFrame(allocations, Bench::Counters().allocations)},
+        {"CpuMilliseconds", 1e3 * seconds / static_cast<double>(a_state.iterations())},
+        {"GlCallsPerFrame", perFrame(calls.all, Bench::GlCalls().all)},
+        {"Redundant", perFrame(calls.redundantSwitches, Bench::GlCalls().redundantSwitches)},
+    };
+    a_state.counters.insert(std::begin(counters), std::end(counters));
 }
 
 void PaintFrame(benchmark::State& a_state)
