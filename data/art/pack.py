@@ -21,6 +21,7 @@ DATA = ART.parent
 COLOURS = ".Colours"
 PAGE_WIDTH = 512
 LARGEST_HEIGHT = 1024
+HEIGHT_STEP = 32
 # What linear filtering and the first mipmaps read beyond an element's edge.
 GUTTER = 4
 BORDERS = ("border", "border-top", "border-bottom", "border-left", "border-right")
@@ -77,9 +78,7 @@ def place(images):
         corners[name] = (left + GUTTER, top + GUTTER)
         left += width
         row_height = max(row_height, height)
-    page_height = 64
-    while page_height < top + row_height:
-        page_height *= 2
+    page_height = -(-(top + row_height) // HEIGHT_STEP) * HEIGHT_STEP
     if page_height > LARGEST_HEIGHT:
         sys.exit(f"the page would be {page_height} pixels high")
     return corners, page_height

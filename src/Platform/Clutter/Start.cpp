@@ -1,6 +1,7 @@
 #include "Platform/Clutter/Start.h"
 
 #include <X11/Xlib.h>
+#include <pango/pangocairo.h>
 
 #include <cstdlib>
 
@@ -62,6 +63,9 @@ bool StartClutter(int* a_argc, char*** a_argv, GError** a_error)
     setenv("COGL_DRIVER", "gl", 0);
     // Texts aren't drawn smaller than they are, and mipmaps of the glyphs cost a software renderer several shaders.
     setenv("CLUTTER_DISABLE_MIPMAPPED_TEXT", "1", 0);
+    // Pango reads the system's fonts on a thread of its own as soon as anybody has a font map; meanwhile the display is
+    // opened, which takes longer.
+    g_object_unref(pango_cairo_font_map_new());
     const bool bareConsole = std::getenv("DISPLAY") == nullptr && HasGraphicsCard();
     // CLUTTER_BACKEND in the environment wins over this.
     clutter_set_windowing_backend(bareConsole ? "eglnative" : "x11");

@@ -21,10 +21,15 @@ void CImage::Premultiply()
 {
     for (std::size_t i = 0; i + 3 < m_pixels.size(); i += 4)
     {
+        const unsigned alpha = m_pixels[i + 3];
+        if (alpha == 255)
+        {
+            continue;
+        }
         for (std::size_t component = i; component < i + 3; ++component)
         {
             // A division by 255, rounded to nearest, exactly as Cogl does it.
-            const unsigned product = unsigned{m_pixels[component]} * m_pixels[i + 3] + 128;
+            const unsigned product = m_pixels[component] * alpha + 128;
             m_pixels[component] = static_cast<std::uint8_t>(((product >> 8U) + product) >> 8U);
         }
     }
