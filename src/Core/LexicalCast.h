@@ -48,8 +48,7 @@ template <typename To, typename From>
     return detail::LexicalCastByStream<To, From>(a_value, a_fallback);
 }
 
-// The two conversions of every configuration read, with the results of the stream but without making one.
-
+/// The two conversions of every configuration read, with the results of the stream but without making one.
 template <typename To, typename From = std::string>
 requires std::same_as<To, int> && std::same_as<From, std::string>
 [[nodiscard]] int LexicalCast(const std::string& a_value, const int& a_fallback)
@@ -69,6 +68,7 @@ requires std::same_as<To, int> && std::same_as<From, std::string>
     return error == std::errc() && end == text.data() + text.size() ? result : a_fallback;
 }
 
+/// The same.
 template <typename To, typename From = std::string>
 requires std::same_as<To, std::string> && std::same_as<From, std::string>
 [[nodiscard]] std::string LexicalCast(const std::string& a_value, const std::string& a_fallback)

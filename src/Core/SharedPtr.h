@@ -12,6 +12,7 @@ namespace Core
 class SimpleReferenceCounter
 {
 public:
+    /// One reference more.
     void Increment() { ++m_count; }
 
     /// True when no reference is left.
@@ -102,6 +103,7 @@ public:
         return *this;
     }
 
+    /// Gives the object up.
     void Reset() { DecrementReferenceCount(); }
 
     [[nodiscard]] T* Get() const noexcept { return m_object; }

@@ -21,6 +21,7 @@ public:
 
     /// The earliest time there is.
     constexpr Time() = default;
+
     explicit Time(long a_seconds);
 
     /// The points in time so far from now; a negative distance leads into the past.

@@ -33,8 +33,10 @@ public:
     /// Moves to an offset from the start. An offset past the end moves to the end and counts as a failed read.
     void Seek(std::size_t a_offset);
 
+    /// The byte, or the four bytes in the buffer's order, at the position, which moves behind them.
     [[nodiscard]] std::uint8_t GetUInt8();
     [[nodiscard]] std::int32_t GetInt32();
+
     /// IEEE 754, single precision.
     [[nodiscard]] float GetFloat();
 

@@ -5,6 +5,7 @@
 namespace Core::Maths
 {
 
+/// Constants, in the precision of T.
 template <typename T>
 struct Math
 {

@@ -5,6 +5,7 @@
 namespace Core::Maths
 {
 
+/// A vector of two components.
 template <typename T>
 class Vector2
 {
@@ -18,7 +19,9 @@ public:
     [[nodiscard]] constexpr Vector2 operator-(const Vector2& a_other) const { return {x - a_other.x, y - a_other.y}; }
     [[nodiscard]] constexpr Vector2 operator*(T a_factor) const { return {x * a_factor, y * a_factor}; }
 
+    /// The scalar product.
     [[nodiscard]] constexpr T Dot(const Vector2& a_other) const { return x * a_other.x + y * a_other.y; }
+
     [[nodiscard]] T Length() const { return std::hypot(x, y); }
 
     T x{};

@@ -5,6 +5,7 @@
 namespace Core::Maths
 {
 
+/// A vector of three components.
 template <typename T>
 class Vector3
 {
@@ -26,6 +27,7 @@ public:
 
     [[nodiscard]] constexpr Vector3 operator*(T a_factor) const { return {x * a_factor, y * a_factor, z * a_factor}; }
 
+    /// The scalar product.
     [[nodiscard]] constexpr T Dot(const Vector3& a_other) const
     {
         return x * a_other.x + y * a_other.y + z * a_other.z;

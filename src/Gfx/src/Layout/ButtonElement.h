@@ -30,6 +30,8 @@ public:
     /// Gives the new widget what the attributes say.
     virtual void InitWidget(const Core::IO::XMLNode& a_node);
 
+    /// The three steps of what stands in the button's node: all of its children, and of these "TextureSet" and
+    /// "Events".
     virtual void ProcessChildren(const Core::IO::XMLNode& a_node);
     virtual void ProcessTextureSet(const Core::IO::XMLNode& a_node);
     virtual void ProcessEvents(const Core::IO::XMLNode& a_node);

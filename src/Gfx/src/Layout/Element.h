@@ -133,6 +133,7 @@ public:
     /// Changes what a "Font" node gives.
     void ProcessFont(const Core::IO::XMLNode& a_node, Text::CFontSettings& a_font);
 
+    /// One action each, of a node of that name.
     ActionPtr ProcessAction_ShowMessageBox(const Core::IO::XMLNode& a_node);
     ActionPtr ProcessAction_ActivateLayout(const Core::IO::XMLNode& a_node);
     ActionPtr ProcessAction_Property(const Core::IO::XMLNode& a_node);

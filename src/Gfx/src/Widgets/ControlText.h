@@ -25,11 +25,13 @@ public:
 
     /// Makes the actor, in a widget's group. Without one only the stored texts and the font can be changed.
     void Create(ClutterActor* a_group, const std::string& a_text = "");
+
     [[nodiscard]] bool Exists() const { return m_actor.Exists(); }
     [[nodiscard]] CTextActor& Actor() { return m_actor; }
 
     /// Keeps a text; it is shown at the next Refresh().
     void SetRaw(const std::string& a_text) { m_text.SetRaw(a_text); }
+
     [[nodiscard]] const std::string& Raw() const { return m_text.Raw(); }
     [[nodiscard]] const std::string& Display() const { return m_text.Display(); }
 
@@ -39,6 +41,7 @@ public:
     /// Shows the text, in the language that is in use now.
     void Refresh();
 
+    /// A font that is given is shown at once; what is changed through the reference isn't.
     [[nodiscard]] const Text::CFontSettings& Font() const { return m_font; }
     [[nodiscard]] Text::CFontSettings& Font() { return m_font; }
     void Font(const Text::CFontSettings& a_font);

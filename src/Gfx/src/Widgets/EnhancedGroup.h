@@ -16,6 +16,7 @@ extern "C"
     struct EnhancedGroup;
     struct EnhancedGroupClass;
 
+    /// The type, which is a ClutterGroup too.
     GFX_API GType enhanced_group_get_type(void);
 
     /// A new group without size, whose children are all clipped away until a rectangle is set. The reference is

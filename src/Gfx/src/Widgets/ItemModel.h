@@ -29,6 +29,7 @@ public:
     [[nodiscard]] const std::vector<ItemT>& Items() const { return m_items; }
     [[nodiscard]] int Count() const { return static_cast<int>(m_items.size()); }
 
+    /// Indices aren't checked, here and below.
     [[nodiscard]] Key KeyAt(std::size_t a_index) const { return m_keys[a_index]; }
 
     /// Null if the item has been removed. Good until the list is changed.
@@ -53,6 +54,7 @@ public:
         return first;
     }
 
+    /// Behind the last item, or before the first.
     void Add(const ItemT& a_item, bool a_atEnd)
     {
         const Key key = m_keys.empty() ? 0 : a_atEnd ? m_keys.back() + 1 : m_keys.front() - 1;
@@ -61,6 +63,7 @@ public:
         Enter(a_atEnd ? m_items.size() - 1 : 0);
     }
 
+    /// The items behind it move up.
     void Remove(std::size_t a_index)
     {
         Leave(a_index);
@@ -76,6 +79,7 @@ public:
         Enter(a_index);
     }
 
+    /// Forgets all items, and their keys.
     void Clear()
     {
         m_items.clear();
@@ -84,6 +88,7 @@ public:
         m_selected.clear();
     }
 
+    /// Sets the flag of an item.
     void Select(std::size_t a_index, bool a_selected)
     {
         m_items[a_index].selected = a_selected;
@@ -103,6 +108,7 @@ public:
         ForEach(a_id, [this, a_selected](std::size_t a_index) { Select(a_index, a_selected); });
     }
 
+    /// Selects nothing.
     void ClearSelection()
     {
         for (const Key key : m_selected)

@@ -22,6 +22,7 @@ enum class ECentring
     Unsigned
 };
 
+/// Pixels.
 struct STextSize
 {
     int width = 0;
@@ -39,14 +40,16 @@ class GFX_API CTextActor
 {
 public:
     CTextActor() = default;
-    /// Takes the text off the screen.
     ~CTextActor();
     CTextActor(const CTextActor&) = delete;
     CTextActor& operator=(const CTextActor&) = delete;
 
     /// Makes the actor in a_group, which is a widget's. The font's alignment is without effect here.
     void Create(ClutterActor* a_group, const Text::CFontSettings& a_font, const std::string& a_text);
+
+    /// Takes the text off the screen.
     void Destroy();
+
     [[nodiscard]] bool Exists() const { return m_actor != nullptr; }
     [[nodiscard]] ClutterActor* Actor() const { return m_actor; }
 
@@ -54,8 +57,11 @@ public:
     void SetFont(const Text::CFontSettings& a_font);
     /// a_description is a Pango font description.
     void SetFontName(const std::string& a_description);
+
     void SetColour(const CColour& a_colour);
+    /// Whether the text is Pango markup.
     void UseMarkup(bool a_use);
+    /// Whether lines are broken at the width that was set.
     void WrapLines(bool a_wrap);
     /// A value outside the enumeration is the nearest of it.
     void SetEllipsisMode(Text::EEllipsisMode a_mode);

@@ -95,6 +95,7 @@ public:
     virtual void Hide();
     virtual void Show();
 
+    /// Called on the parent when a child has been shown or hidden. Does nothing here.
     virtual void ChildVisibilityChanged();
 
     /// A visible, enabled, modal top-level widget keeps pointer events from all others.
@@ -113,7 +114,8 @@ public:
     /// draw through Gfx::Utilities, or modulate by it.
     virtual void DrawSelf() const;
 
-    /// Called on visible, enabled widgets from the main loop, at most once in 20 ms.
+    /// Called from the main loop, at most once in 20 ms: on top-level widgets that are visible and enabled, and by them
+    /// on children that are visible.
     virtual void Idle();
 
     /// The widget's place on the stage may have changed.
@@ -123,6 +125,7 @@ public:
     virtual void Move(const Common::CPoint& a_topLeft);
     virtual void Resize(int a_width, int a_height);
 
+    /// False for what stands on the stage alone, as windows do.
     [[nodiscard]] virtual bool CanBeChild();
 
     /// Puts a_child on top of the other children; it leaves the parent it had. Null, the widget itself and its
@@ -151,7 +154,11 @@ public:
 
     /// a_displacement is the whole way since the press, in pixels of the screen.
     virtual void UpdateDragging(const Common::CPoint& a_displacement);
+
+    /// The button came up, wherever.
     virtual void EndDragging();
+
+    /// Here, whether an ancestor is dragged.
     [[nodiscard]] virtual bool IsDragging() const;
 
     /// True for a widget that is half transparent, and doesn't hide what it covers, while it is dragged.
@@ -168,6 +175,7 @@ public:
     /// a_key is an X key symbol.
     virtual void KeyboardEvent(unsigned int a_key);
 
+    /// Any name is taken: what the control doesn't know is kept as it is. a_default is for a name that nobody has set.
     virtual void SetProperty(const std::string& a_name, const std::string& a_value);
     [[nodiscard]] virtual std::string GetProperty(const std::string& a_name, const std::string& a_default);
 
@@ -181,6 +189,7 @@ public:
     virtual void EnableTransparency();
     virtual void DisableTransparency();
 
+    /// Shows the texts in the present language, or takes over what configuration and theme say; here, the children's.
     virtual void UpdateLocalisedText();
     virtual void UpdateStyle();
 
@@ -188,6 +197,8 @@ public:
     virtual void UpdateCustomInfo();
 
     void SetShowHide(bool a_show);
+
+    /// The handler is asked first, and a change queues a redraw. A disabled widget gets no pointer events.
     void Enable();
     void Disable();
 
@@ -195,11 +206,13 @@ public:
     [[nodiscard]] bool Enabled() const { return m_enabled; }
     [[nodiscard]] bool Selected() const { return m_selected; }
 
+    /// Null for a widget at the top level or off the screen.
     [[nodiscard]] CWidget* Parent() { return m_parent; }
     [[nodiscard]] const CWidget* Parent() const { return m_parent; }
 
     /// Relative to the parent, or to the stage for a top-level widget.
     [[nodiscard]] const Common::CPoint& TopLeft() const { return m_topLeft; }
+
     [[nodiscard]] int Width() const { return m_width; }
     [[nodiscard]] int Height() const { return m_height; }
 
@@ -224,6 +237,7 @@ public:
     [[nodiscard]] bool RemoteLockout() const { return m_remoteLockout; }
     void RemoteLockout(bool a_lockout) { m_remoteLockout = a_lockout; }
 
+    /// Points and boxes are those of the stage; areas are square pixels, and edges count as inside.
     [[nodiscard]] Common::CPoint FromAbsoluteToChildCoordinates(const Common::CPoint& a_point) const;
     [[nodiscard]] bool AbsolutePointInWidget(const Common::CPoint& a_point) const;
     [[nodiscard]] bool Intersects(const WidgetPtr& a_other) const;
@@ -235,6 +249,7 @@ public:
     /// True for a child or a descendant of any depth.
     [[nodiscard]] bool HasChild(const CWidget* a_widget) const;
 
+    /// In the order of the siblings, or of the top-level widgets. A child of another widget is left alone.
     void BringToFront();
     void SendToBack();
     void BringChildToFront(CWidget* a_child);
@@ -290,6 +305,7 @@ protected:
     /// Changes the position, and nothing else: no handler is asked, and the actor stays.
     void SetTopLeft(const Common::CPoint& a_topLeft) { m_topLeft = a_topLeft; }
 
+    /// The values that the status dump shows of the control, by name.
     void SetCustomInfo(const std::string& a_name, const std::string& a_value);
     void ClearCustomInfo() { m_customInfo.clear(); }
 

@@ -21,6 +21,7 @@ struct SViewMatrix
     [[nodiscard]] constexpr const float& operator[](std::size_t a_index) const { return m[a_index]; }
 };
 
+/// Four components, such as homogeneous coordinates: x, y, z, w.
 struct SVector4f
 {
     std::array<float, 4> v{};
@@ -119,6 +120,7 @@ public:
     /// The mask of the states as OpenGL has them.
     [[nodiscard]] static unsigned int CurrentState();
 
+    /// Keeps the mask of the states as OpenGL has them, for PopState().
     static void PushState();
 
     /// Goes back, by ToggleState(), to the mask that was last pushed. Does nothing if there is none.

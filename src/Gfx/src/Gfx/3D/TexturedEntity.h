@@ -23,6 +23,7 @@ public:
     /// Without a texture this ends the process, unless texturing is disabled.
     void DrawGeometry() override;
 
+    /// Without one, drawing ends the process, unless texturing is disabled.
     [[nodiscard]] Core::SharedPtr<STexture> GetTexturePtr() { return m_texturePtr; }
     void SetTexturePtr(Core::SharedPtr<STexture> a_texture);
 

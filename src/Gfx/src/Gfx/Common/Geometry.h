@@ -39,10 +39,12 @@ using GeometryPtrList = std::list<Core::SharedPtr<SGeometry, Core::SimpleReferen
 inline constexpr std::size_t k_largestModelFile = std::size_t{64} << 20U;
 inline constexpr std::size_t k_mostModelGroups = 65'536;
 
+/// A group of what is given, as it is.
 [[nodiscard]] GFX_API Core::SharedPtr<SGeometry> MakeGeometry(std::vector<Core::Maths::Vector2<float>> a_texCoords,
                                                               std::vector<Core::Maths::Vector3<float>> a_vertices,
                                                               float a_extent, EGeometryType a_type);
 
+/// What Summarise() tells of a model.
 struct SGeometrySummary
 {
     std::size_t groups = 0;

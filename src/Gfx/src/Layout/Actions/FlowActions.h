@@ -20,6 +20,7 @@ public:
 class GFX_API CCondition : public CAction
 {
 public:
+    /// The attributes of the action's node.
     struct SValues
     {
         std::string type;
@@ -33,6 +34,7 @@ public:
     /// Whether a_word is one of the operators, in whatever case.
     [[nodiscard]] static bool IsOperator(const std::string& a_word);
 
+    /// The attributes of a node, and the list of what they are.
     [[nodiscard]] static SValues Read(const Core::IO::XMLNode& a_node);
     static void Describe(std::vector<SAttributeInfo>& a_list);
 
@@ -49,6 +51,7 @@ private:
 class GFX_API CActivateLayout : public CAction
 {
 public:
+    /// The attributes of the action's node.
     struct SValues
     {
         std::string id;
@@ -56,6 +59,7 @@ public:
 
     explicit CActivateLayout(SValues a_values) : m_values(std::move(a_values)) {}
 
+    /// The attributes of a node, and the list of what they are.
     [[nodiscard]] static SValues Read(const Core::IO::XMLNode& a_node);
     static void Describe(std::vector<SAttributeInfo>& a_list);
 
@@ -69,6 +73,7 @@ private:
 class GFX_API CSetFlag : public CAction
 {
 public:
+    /// The attributes of the action's node.
     struct SValues
     {
         std::string id;
@@ -91,6 +96,7 @@ private:
 class GFX_API CNotification : public CAction
 {
 public:
+    /// The attributes of the action's node.
     struct SValues
     {
         std::string id;

@@ -19,6 +19,7 @@ class GFX_API CShowMessageBox : public CAction
 public:
     static constexpr std::size_t k_buttons = 3;
 
+    /// The attributes of the action's node.
     struct SValues
     {
         int width = 400;
@@ -32,6 +33,7 @@ public:
 
     CShowMessageBox(CElement& a_element, SValues a_values, std::array<ActionList, k_buttons> a_lists);
 
+    /// The attributes of a node, and the list of what they are.
     [[nodiscard]] static SValues Read(const Core::IO::XMLNode& a_node);
     static void Describe(std::vector<SAttributeInfo>& a_list);
 

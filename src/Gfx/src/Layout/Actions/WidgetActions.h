@@ -14,6 +14,7 @@ namespace Gfx::Layout::Actions
 class GFX_API CProperty : public CAction
 {
 public:
+    /// The attributes of the action's node.
     struct SValues
     {
         std::string id;
@@ -39,6 +40,7 @@ class GFX_API CWidgetAction : public CAction
 public:
     explicit CWidgetAction(std::string a_id) : m_id(std::move(a_id)) {}
 
+    /// The attribute "id" of a node, or a_default if it isn't there; and the list of the attributes.
     [[nodiscard]] static std::string Read(const Core::IO::XMLNode& a_node, const std::string& a_default = "");
     static void Describe(std::vector<SAttributeInfo>& a_list);
 
@@ -52,6 +54,7 @@ private:
     std::string m_id;
 };
 
+/// Shows a hidden widget, and hides a visible one.
 class GFX_API CToggleVisibility : public CWidgetAction
 {
 public:
@@ -59,6 +62,7 @@ public:
     bool Execute(CElement& a_element) override;
 };
 
+/// Puts a widget over its siblings.
 class GFX_API CBringToFront : public CWidgetAction
 {
 public:
@@ -66,6 +70,7 @@ public:
     bool Execute(CElement& a_element) override;
 };
 
+/// Puts a widget under its siblings.
 class GFX_API CSendToBack : public CWidgetAction
 {
 public:

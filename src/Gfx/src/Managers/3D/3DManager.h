@@ -40,6 +40,7 @@ public:
     using EntityPtr = Core::SharedPtr<C3DEntity>;
     using TexturePtr = Core::SharedPtr<STexture>;
 
+    /// A model of the library.
     struct SModel
     {
         std::string id;
@@ -108,6 +109,7 @@ public:
     [[nodiscard]] int LoadTextureFromFile(const char* a_path, unsigned int* a_id, bool& a_alpha, int a_linear,
                                           int a_clamp);
 
+    /// MakeGeometry(), with and without texture coordinates.
     [[nodiscard]] Core::SharedPtr<SGeometry> ConvertGeometry(
         const std::vector<Core::Maths::Vector2<float>>& a_texCoords,
         const std::vector<Core::Maths::Vector3<float>>& a_vertices, float a_extent, EGeometryType a_type) const;

@@ -107,8 +107,7 @@ public:
     /// this object.
     [[nodiscard]] CTamarindAVREventClient* AvrClient() const { return m_avrClient; }
 
-    // Supervisor events become the keys F1 to F10.
-
+    /// What the supervisor tells becomes keys, from F1 to F10; docs/devices.md has the table.
     void GuidanceLineChangedEvent(CTamarindAVREventClient::ETamarindAVREvent a_event, bool a_on);
     void IgnitionEvent(CTamarindAVREventClient::ETamarindAVREvent a_event, bool a_on);
 

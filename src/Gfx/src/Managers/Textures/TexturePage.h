@@ -35,6 +35,7 @@ public:
     /// Gives the image up. It can be loaded again.
     void ReleaseTexture();
 
+    /// Whether the page has an element of that name, loaded or not.
     [[nodiscard]] bool HasElement(const std::string& a_name) const;
 
     /// In pixels; 0 if the page has no such element.

@@ -49,6 +49,7 @@ public:
     /// A value outside the enumeration gives the top border.
     [[nodiscard]] int GetElementMargin(Margins::EMargin a_margin) const override;
 
+    /// In pixels, for quads that are made from now on.
     virtual void SetBorders(int a_top, int a_bottom, int a_left, int a_right);
 
 private:

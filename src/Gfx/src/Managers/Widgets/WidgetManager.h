@@ -57,6 +57,7 @@ public:
     [[nodiscard]] WidgetPtr FindWidget(const std::string& a_path, Widgets::CWidget* a_parent);
     [[nodiscard]] WidgetPtr FindWidget(Widgets::CWidget* a_parent, const std::vector<std::string>& a_parts);
 
+    /// Puts a widget over or under its siblings, or a top-level one over or under all others. The selection stays.
     void BringToFront(Widgets::CWidget* a_widget);
     void SendToBack(Widgets::CWidget* a_widget);
 
@@ -77,6 +78,7 @@ public:
     /// Gives every visible, enabled top-level widget its idle time.
     void Idle();
 
+    /// Has every top-level widget, and so all widgets on the screen, read its style, or its texts, anew.
     void UpdateStyle();
     void UpdateLocalisation();
 

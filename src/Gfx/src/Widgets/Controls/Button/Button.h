@@ -32,6 +32,7 @@ class GFX_API CButton : public CWithProperties<CButton, CWidget>
 public:
     [[nodiscard]] static std::span<const SProperty<CButton>> PropertyTable();
 
+    /// Which of its three looks a button has.
     enum EState
     {
         ebsInactive = 0,
@@ -49,6 +50,7 @@ public:
     [[nodiscard]] std::string Text() const { return m_text.Id(); }
     void Text(const std::string& a_text);
 
+    /// What is changed of the first is seen after the next UpdateStyle() or Invalidate().
     [[nodiscard]] Text::CFontSettings& Font() { return m_text.Font(); }
     void Font(const Text::CFontSettings& a_font);
 

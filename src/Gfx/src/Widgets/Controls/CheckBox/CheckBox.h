@@ -13,7 +13,6 @@ namespace Gfx::Widgets
 {
 
 /// An indicator with a text beside it, which a click toggles. It is made as high as its indicator.
-/// for.
 ///
 /// Properties: "Checked" and "ReadOnly" ("True"; anything else is false).
 ///
@@ -40,7 +39,10 @@ public:
     [[nodiscard]] const Text::CFontSettings& Font() const { return m_text.Font(); }
     void Font(const Text::CFontSettings& a_font);
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
+
+    /// Places the text beside the indicator. Happens by itself.
     void UpdateLabelPosition();
 
     void DrawSelf() const override;
@@ -55,6 +57,7 @@ protected:
     CCheckBox(const std::string& a_name, const std::string& a_type, int a_x, int a_y, int a_width, int a_height,
               const std::string& a_text);
 
+    /// Changes the state and redraws, whatever an override of Checked() would do beside that.
     void StoreChecked(bool a_checked);
 
 private:

@@ -47,6 +47,7 @@ public:
              const std::string& a_text);
     ~CEditBox() override;
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
 
     /// Clips the text to the inside of the field, wherever that is on the screen now.

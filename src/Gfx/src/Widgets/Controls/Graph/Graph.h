@@ -77,6 +77,7 @@ public:
     /// series. The point is seen when the graph is next painted, which only a change of a range asks for.
     bool AddPoint(const std::string& a_series, double a_x, double a_y, bool a_breakBefore);
 
+    /// In the units of the points; see above for what isn't taken.
     void SetXRange(double a_minimum, double a_maximum);
     void SetYRange(double a_minimum, double a_maximum);
 

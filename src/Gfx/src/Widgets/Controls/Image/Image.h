@@ -23,6 +23,7 @@ public:
     /// alpha). They are drawn at their own size, and lost at the next Resize. Null does nothing.
     void SetImage(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel);
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
 
     void DrawSelf() const override;

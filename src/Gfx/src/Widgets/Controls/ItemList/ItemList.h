@@ -33,6 +33,7 @@ public:
     using SListItem = ItemT;
 
     [[nodiscard]] const std::vector<SListItem>& Items() const { return m_model.Items(); }
+    /// Silent, as SelectItem() is.
     void ClearItems();
 
     /// Selects all items of these ids, in a list of single choice in place of those that were, and all of them even
@@ -103,6 +104,7 @@ protected:
 
     /// Makes all buttons anew, unless the list is frozen.
     void UpdateLayout();
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
 
     /// False if the list has ended meanwhile.
@@ -119,8 +121,10 @@ protected:
     [[nodiscard]] const CItemModel<SListItem>& Model() const { return m_model; }
     [[nodiscard]] CItemModel<SListItem>& Model() { return m_model; }
 
+    /// While it is set, UpdateLayout() does nothing.
     void Frozen(bool a_frozen) { m_frozen = a_frozen; }
 
+    /// a_action gets a CButton& for each row and scroll button on show; it must not change the list.
     template <typename ActionT>
     void ForEachButton(ActionT a_action)
     {

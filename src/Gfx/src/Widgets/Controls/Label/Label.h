@@ -32,6 +32,7 @@ public:
     CLabel(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_wrap, bool a_autoSize,
            bool a_parseMarkup, const std::string& a_text, bool a_raised);
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
 
     /// The key of a localised text, or else the text.

@@ -53,6 +53,7 @@ public:
     /// Of the tiles, and of the images on them. Sizes are kept within CWidget::k_longestSide.
     void SetItemSize(int a_width, int a_height, int a_imageWidth, int a_imageHeight);
 
+    /// Puts an item behind the last one.
     void AddItem(const SListItem& a_item);
 
     /// The same for each of them, with the tiles made once.

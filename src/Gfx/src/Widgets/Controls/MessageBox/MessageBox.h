@@ -45,6 +45,7 @@ public:
     void UpdateStyle() override;
     void UpdateCustomInfo() override;
 
+    /// Takes the box off the screen; no handler hears of it.
     virtual void Close();
 
     /// a_handler gets the number of the button, from 1, after the box has gone from the screen. It stays the caller's.

@@ -31,6 +31,7 @@ class GFX_API CNumericEditBox : public CWithProperties<CNumericEditBox, CWidget>
 public:
     using TextChangedHandler = NotifyHandler;
 
+    /// One part of the entry.
     struct SField
     {
         /// Shown behind the field, and part of the text.
@@ -39,6 +40,7 @@ public:
         int length;
     };
 
+    /// Where Rotate() goes.
     enum ERotationDirection : int
     {
         erdForward = 0,
@@ -88,6 +90,7 @@ public:
     /// Goes to the next or previous field; at the end of the row the active field is highlighted anew.
     void Rotate(ERotationDirection a_direction);
 
+    /// For the fields: a touch highlights one.
     void ClickEvent(CWidget* a_field, int a_buttons, const Common::CPoint& a_point, bool a_remote);
 
     /// Texts, handlers and the active field stay.

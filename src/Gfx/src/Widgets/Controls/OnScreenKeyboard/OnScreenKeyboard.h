@@ -44,6 +44,7 @@ public:
     using ClosedHandler = Core::Functor<void, CWidget*, bool, const std::string&>::Signature;
     using ClosingHandler = Core::Functor<bool, CWidget*, bool, const std::string&>::Signature;
 
+    /// A key, as the file describes it; docs/keyboards.md has the form.
     struct SKey
     {
         /// The button's name, too.
@@ -55,6 +56,7 @@ public:
         float heightScale = 1.0F;
     };
 
+    /// A row of keys, from left to right.
     struct SKeyboardRow
     {
         std::vector<SKey> keys;
@@ -62,6 +64,7 @@ public:
         bool centred = true;
     };
 
+    /// A page of rows, from the top down.
     struct SKeyboardPage
     {
         std::string id;
@@ -85,6 +88,7 @@ public:
         unsigned int flags = 0;
     };
 
+    /// What a layout does beside typing: a numeric one changes the sign by its key "-".
     enum ELayoutFlag : unsigned int
     {
         elfNumeric = 1
@@ -126,6 +130,8 @@ public:
 
     /// Marks the text, unless it is as empty as can be: what is typed next in a row of fields replaces it.
     void HighlightExistingValue();
+
+    /// Empties the edit box.
     void ClearValue();
 
     /// a_text without the characters that neither a key nor a label has. What isn't UTF-8 comes back as it is.

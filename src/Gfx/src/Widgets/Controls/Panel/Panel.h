@@ -46,6 +46,7 @@ public:
            bool a_raised);
     ~CPanel() override;
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
 
     [[nodiscard]] bool Background() const { return m_hasBackground; }

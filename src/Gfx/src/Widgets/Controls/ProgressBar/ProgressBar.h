@@ -27,7 +27,10 @@ public:
     CProgressBar(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, int a_minimum, int a_maximum,
                  int a_current, bool a_leftToRight);
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
+
+    /// The same for the bar alone, for the value that holds now.
     void UpdateBar();
 
     [[nodiscard]] int Minimum() const { return m_min; }

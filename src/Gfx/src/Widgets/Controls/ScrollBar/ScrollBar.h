@@ -34,6 +34,7 @@ public:
     CScrollBar(const std::string& a_name, int a_x, int a_y, int a_width, int a_height, bool a_horizontal, int a_minimum,
                int a_maximum, int a_current, int a_stepSize);
 
+    /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
     void LoadTextures();
 
     /// The three setters keep the value within the bounds, the lower one first, and don't call the scroll event

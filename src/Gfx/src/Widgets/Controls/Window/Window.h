@@ -31,6 +31,7 @@ class GFX_API CWindow : public CWithProperties<CWindow, CWidget>
 public:
     [[nodiscard]] static std::span<const SProperty<CWindow>> PropertyTable();
 
+    /// What a window has and does.
     enum EFlag
     {
         ewfTitleBar = 1,

@@ -45,6 +45,7 @@ public:
     /// A child that isn't a CWizardStage is only brought to the front. Does nothing if there is no such child.
     void SelectStage(const std::string& a_name);
 
+    /// One step forwards or backwards, wherever the navigation handler says that this leads.
     void Progress();
     void Regress();
 
