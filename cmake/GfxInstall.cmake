@@ -4,6 +4,13 @@ if(NOT GFX_INSTALL)
     return()
 endif()
 
+# gfx_compress(FILE COPY): puts FILE, compressed, at COPY.gz.
+find_program(GFX_GZIP gzip REQUIRED)
+function(gfx_compress a_file a_copy)
+    configure_file("${a_file}" "${a_copy}" COPYONLY)
+    execute_process(COMMAND "${GFX_GZIP}" -9 --no-name --keep --force "${a_copy}" COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 # Headers of different major versions can lie side by side, as the libraries can.
 set(apiName "gfx-${PROJECT_VERSION_MAJOR}")
 set(includeDir "${CMAKE_INSTALL_INCLUDEDIR}/${apiName}")
@@ -36,7 +43,10 @@ cmake_path(RELATIVE_PATH libraryFromPrograms BASE_DIRECTORY "${CMAKE_INSTALL_BIN
 if(GFX_BUILD_TOOLS)
     set_target_properties(gfx-demo gfx-tool PROPERTIES INSTALL_RPATH "$ORIGIN/${libraryFromPrograms}")
     install(TARGETS gfx-demo gfx-tool RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tools)
-    install(FILES "${PROJECT_SOURCE_DIR}/docs/gfx.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    foreach(page gfx gfx-demo)
+        gfx_compress("${PROJECT_SOURCE_DIR}/docs/${page}.1" "${PROJECT_BINARY_DIR}/${page}.1")
+        install(FILES "${PROJECT_BINARY_DIR}/${page}.1.gz" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT tools)
+    endforeach()
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/schemas" DESTINATION "${CMAKE_INSTALL_DATADIR}/${apiName}"
         COMPONENT tools)
 endif()
