@@ -4,6 +4,10 @@ foreach(package IN LISTS CPACK_PACKAGE_FILES)
     file(REMOVE_RECURSE "${folder}")
     execute_process(COMMAND dpkg-deb --raw-extract "${package}" "${folder}" COMMAND_ERROR_IS_FATAL ANY)
 
+    # Folders that an installation makes on its way have got what the umask left.
+    file(CHMOD_RECURSE "${folder}" DIRECTORY_PERMISSIONS
+        OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
     # The trigger calls ldconfig once for all packages that are being installed.
     file(REMOVE "${folder}/DEBIAN/postinst" "${folder}/DEBIAN/postrm")
 

@@ -17,6 +17,10 @@
 #include <filesystem>
 #include <utility>
 
+#if __has_include(<valgrind/memcheck.h>)
+#    include <valgrind/memcheck.h>
+#endif
+
 namespace GfxTest
 {
 
@@ -73,6 +77,10 @@ CPicture ReadBuffer()
     glPixelStorei(GL_PACK_SKIP_ROWS, 0);
     glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
     glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, bottomUp.data());
+#ifdef VALGRIND_MAKE_MEM_DEFINED
+    // Valgrind takes over the renderer's word for pixels that it has computed with undefined neighbours.
+    VALGRIND_MAKE_MEM_DEFINED(bottomUp.data(), bottomUp.size());
+#endif
     std::vector<std::uint8_t> pixels;
     pixels.reserve(bottomUp.size());
     for (int y = height - 1; y >= 0; --y)
