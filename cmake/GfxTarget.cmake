@@ -16,4 +16,11 @@ function(gfx_target_defaults a_target)
         target_compile_options(${a_target} PRIVATE -Wno-maybe-uninitialized)
         target_link_options(${a_target} PRIVATE -fsanitize=address,undefined)
     endif()
+    if(GFX_FUZZ)
+        # Conversions of numbers that are out of range are undefined too, but belong to no group.
+        target_compile_options(${a_target} PRIVATE
+            -fsanitize=fuzzer-no-link,address,undefined,float-cast-overflow -fno-sanitize-recover=all
+            -fno-omit-frame-pointer)
+        target_link_options(${a_target} PRIVATE -fsanitize=fuzzer-no-link,address,undefined)
+    endif()
 endfunction()

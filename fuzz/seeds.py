@@ -1,0 +1,141 @@
+#!/usr/bin/env python3
+"""Makes the seeds of the fuzz targets, a folder for each in OUTPUT, of the files that are shipped and of the tests'
+cases; and their dictionaries, of those in the folder dictionaries and of the schemas. Usage: seeds.py OUTPUT
+
+Small seeds are worth more than large ones, so files are cut where they can be, and left out where they can't.
+"""
+
+import copy
+import pathlib
+import shutil
+import struct
+import sys
+import xml.etree.ElementTree as xml
+import zlib
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+DATA = ROOT / "data"
+GREENHOUSE = ROOT / "demo/greenhouse"
+TESTS = ROOT / "tests/data"
+
+
+def read(path):
+    return path.read_bytes()
+
+
+def cut(path, kept):
+    """A file's parts of at most so many of the root element's children, each in a root element of its own."""
+    root = xml.parse(path).getroot()
+    for start in range(0, len(root), kept):
+        part = copy.copy(root)
+        part[:] = root[start : start + kept]
+        yield xml.tostring(part)
+
+
+def cut_twice(path, kept):
+    """The same by the children of the root element's children."""
+    root = xml.parse(path).getroot()
+    for child in root:
+        for start in range(0, max(len(child), 1), kept):
+            part = copy.copy(child)
+            part[:] = child[start : start + kept]
+            whole = copy.copy(root)
+            whole[:] = [part]
+            yield xml.tostring(whole)
+
+
+def bobj():
+    def record(tag, layout, *items):
+        return tag + struct.pack("<i", len(items)) + b"".join(struct.pack(layout, *item) for item in items)
+
+    points = record(b"v", "<3f", (0, 0, 0), (1, 0, 0), (0, 1, 0), (0, 0, -1.5))
+    coordinates = record(b"t", "<2f", (0, 0), (1, 0), (0, 1))
+    normals = record(b"n", "<3f", (0, 0, 1))
+    triangles = record(b"f", "<9i", (1, 1, 1, 2, 2, 1, 3, 3, 1), (1, 1, 1, 3, 2, 1, 4, 3, 1))
+    yield points + coordinates + normals + triangles
+    yield points + coordinates + triangles + points + triangles
+    yield points + coordinates + record(b"f", "<9i", (0, 1, 1, 9, 2, 1, -1, 3, 1))
+    yield points[:-5]
+    yield b"v" + struct.pack("<i", -1)
+
+
+def png(width, height, colour_type, depth=8, interlaced=0):
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+    channels = {0: 1, 2: 3, 3: 1, 4: 2, 6: 4}[colour_type]
+    row = b"\0" + bytes(range(1, 1 + width * channels * depth // 8))
+    palette = chunk(b"PLTE", bytes(range(48))) if colour_type == 3 else b""
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">2I5B", width, height, depth, colour_type, 0, 0, interlaced))
+            + palette + chunk(b"IDAT", zlib.compress(row * height)) + chunk(b"IEND", b""))
+
+
+def pngs():
+    return [png(3, 2, 2), png(3, 2, 6), png(4, 4, 6, interlaced=1), png(2, 2, 0), png(2, 2, 3), png(2, 2, 2, depth=16)]
+
+
+CALIBRATION = b"""# The panel
+[gfx]
+cal_a=-0.200846
+cal_b=0.00276
+cal_c=808.74646
+cal_d=-0.002662
+cal_e=0.126323
+cal_f=-14.403945
+calibrated=true
+
+[network]
+address=10.0.0.1
+"""
+
+# By target: what its seeds are, and what its dictionary is made of.
+TARGETS = {
+    "BobjFuzz": (bobj, []),
+    "CalibrationFuzz": (lambda: [CALIBRATION, CALIBRATION.replace(b"true", b"false"), CALIBRATION.replace(b"8", b"e9"),
+                                 b"[gfx]\ncalibrated=1\ncal_a=nan\ncal_b=inf\n"], ["calibration.dict"]),
+    "CatalogueFuzz": (lambda: cut(GREENHOUSE / "Localisation/de.xml", 20), ["xml.dict", "localisation.xsd"]),
+    "ConfigFuzz": (lambda: [read(TESTS / "Configuration/GfxConfig.xml"),
+                            *cut(DATA / "Configuration/GfxConfig.xml", 1)], ["xml.dict", "configuration.xsd"]),
+    "ObjFuzz": (lambda: map(read, sorted(DATA.glob("Models/*/*.obj"))), ["obj.dict"]),
+    "PngFuzz": (pngs, ["png.dict"]),
+    "TextureFuzz": (lambda: [read(TESTS / "TextureMaps/TextureConfig.xml"),
+                             *cut_twice(DATA / "TextureMaps/TextureConfig.xml", 10)], ["xml.dict", "textures.xsd"]),
+    "ThemeFuzz": (lambda: [read(TESTS / "Configuration/ThemeConfig.xml"),
+                           *cut_twice(DATA / "Configuration/ThemeConfig.xml", 20)], ["xml.dict", "themes.xsd"]),
+}
+
+LARGEST = 16 * 1024
+
+
+def words(part):
+    """The lines of a dictionary, or what the documents of a schema consist of, as such lines."""
+    if part.endswith(".dict"):
+        return (ROOT / "fuzz/dictionaries" / part).read_text(encoding="utf-8").splitlines()
+    schema = xml.parse(ROOT / "docs/schemas" / part).getroot()
+    space = "{http://www.w3.org/2001/XMLSchema}"
+    found = set()
+    for node in schema.iter():
+        if node.tag == space + "element" and "name" in node.attrib:
+            found.add("<" + node.get("name"))
+        elif node.tag == space + "attribute" and "name" in node.attrib:
+            found.add(" " + node.get("name") + "=")
+        elif node.tag == space + "enumeration":
+            found.add(node.get("value"))
+    return ['"' + word.replace("\\", r"\x5c").replace('"', r"\x22") + '"' for word in sorted(found) if word]
+
+
+def main():
+    output = pathlib.Path(sys.argv[1])
+    shutil.rmtree(output, ignore_errors=True)
+    for target, (make, parts) in TARGETS.items():
+        folder = output / target
+        folder.mkdir(parents=True)
+        for number, seed in enumerate(make()):
+            if len(seed) <= LARGEST:
+                (folder / f"{number:03}").write_bytes(seed)
+        lines = [word for part in parts for word in words(part)]
+        (output / f"{target}.dict").write_text("\n".join(lines) + "\n", encoding="utf-8")
+
+
+if __name__ == "__main__":
+    main()
