@@ -14,6 +14,8 @@ namespace
 
 using Core::IO::XMLNode;
 
+const std::string k_file = "TextureMaps/TextureConfig.xml";
+
 int Number(const XMLNode& a_node, const char* a_name)
 {
     return Core::LexicalCast<int, std::string>(a_node.Attribute(a_name, ""), 0);
@@ -32,34 +34,42 @@ void UseElement(const XMLNode& a_image, const XMLNode& a_element)
     GfxFuzz::Use(quads);
 }
 
+Gfx::Managers::CTextureManager& Textures()
+{
+    return Core::Patterns::StaticSingleton<Gfx::Managers::CTextureManager>::ref();
+}
+
+void Load(std::string_view a_text)
+{
+    GfxFuzz::Data().Write(k_file, a_text);
+    std::string error;
+    GfxFuzz::Use(Textures().Reload(error));
+}
+
 } // namespace
 
 void GfxFuzz::SetUp()
 {
     Data().WriteRequiredFiles();
     Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().Initialise(Data().Path());
+    Textures().Initialise(Data().Path());
 }
 
 void GfxFuzz::Try(std::string_view a_input)
 {
-    Data().Write("TextureMaps/TextureConfig.xml", a_input);
-    static Gfx::Managers::CTextureManager s_textures;
-    static const bool s_isInitialised = (s_textures.Initialise(Data().Path()), true);
-    Use(s_isInitialised);
-    std::string error;
-    if (!s_textures.Reload(error))
-    {
-        return;
-    }
+    Load(a_input);
     Core::IO::XMLDocument document;
-    Use(document.ParseText(a_input, "TextureConfig.xml"));
+    Use(document.ParseText(a_input, k_file));
     const XMLNode* const textures = document.Section("Textures");
     for (const XMLNode& image : textures != nullptr ? textures->Children() : document.RootNode()->Children())
     {
         for (const XMLNode& element : image.Children())
         {
-            Use(s_textures.GetElementMargins(element.Attribute("name", "")));
+            Use(Textures().GetElementMargins(element.Attribute("name", "")));
             UseElement(image, element);
         }
     }
+    // Those of the last table but one are kept.
+    Load("<Textures/>");
+    Load("<Textures/>");
 }

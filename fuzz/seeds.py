@@ -7,6 +7,7 @@ Small seeds are worth more than large ones, so files are cut where they can be, 
 
 import copy
 import pathlib
+import re
 import shutil
 import struct
 import sys
@@ -42,6 +43,11 @@ def cut_twice(path, kept):
             whole = copy.copy(root)
             whole[:] = [part]
             yield xml.tostring(whole)
+
+
+def layouts():
+    for path in sorted((GREENHOUSE / "Layouts").glob("*.xml")):
+        yield from cut_twice(path, 1)
 
 
 def bobj():
@@ -96,6 +102,8 @@ TARGETS = {
     "CatalogueFuzz": (lambda: cut(GREENHOUSE / "Localisation/de.xml", 20), ["xml.dict", "localisation.xsd"]),
     "ConfigFuzz": (lambda: [read(TESTS / "Configuration/GfxConfig.xml"),
                             *cut(DATA / "Configuration/GfxConfig.xml", 1)], ["xml.dict", "configuration.xsd"]),
+    "LayoutFuzz": (lambda: [*map(read, sorted(TESTS.glob("LayoutCases/*.xml"))), *layouts()],
+                   ["xml.dict", "layouts.dict", "layouts.xsd", "properties.md"]),
     "ObjFuzz": (lambda: map(read, sorted(DATA.glob("Models/*/*.obj"))), ["obj.dict"]),
     "PngFuzz": (pngs, ["png.dict"]),
     "TextureFuzz": (lambda: [read(TESTS / "TextureMaps/TextureConfig.xml"),
@@ -108,9 +116,12 @@ LARGEST = 16 * 1024
 
 
 def words(part):
-    """The lines of a dictionary, or what the documents of a schema consist of, as such lines."""
+    """The words of a dictionary, of the tables of a page, or of the documents of a schema, as lines of a dictionary."""
     if part.endswith(".dict"):
         return (ROOT / "fuzz/dictionaries" / part).read_text(encoding="utf-8").splitlines()
+    if part.endswith(".md"):
+        text = (ROOT / "docs" / part).read_text(encoding="utf-8")
+        return [f'"{word}"' for word in sorted(set(re.findall(r"^\| `(\w+)` \|", text, re.MULTILINE)))]
     schema = xml.parse(ROOT / "docs/schemas" / part).getroot()
     space = "{http://www.w3.org/2001/XMLSchema}"
     found = set()

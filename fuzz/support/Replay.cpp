@@ -8,6 +8,12 @@
 #include <string>
 #include <vector>
 
+/// Where there is a sanitizer: no input is worth a block of this size.
+extern "C" const char* __asan_default_options()
+{
+    return "max_allocation_size_mb=1024";
+}
+
 extern "C" int LLVMFuzzerInitialize(int* a_argc, char*** a_argv);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* a_data, std::size_t a_size);
 

@@ -1,16 +1,5 @@
-// Runs the cases in tests/data/LayoutCases. A case is a file of layouts with steps behind them:
-//
-//   Apply id            makes a layout live
-//   Tap x y             presses and releases
-//   Type text           keys for the selected widget
-//   Show id, Hide id    of a widget, by its full name
-//   Set id name value   sets a property
-//   SetFlag name value
-//   Handler name result handles a notification, and answers with True or False; with "destroys" it first destroys the
-//                       widget of that name, or all with "*"
-//   Idle                an idle round
-//
-// and expectations between them:
+// Runs the cases in tests/data/LayoutCases. A case is a file of layouts with steps behind them, as
+// support/LayoutSteps.h tells, and expectations between the steps:
 //
 //   Expect id name value   a property
 //   Flag name value
@@ -22,13 +11,12 @@
 #include "Core/IO/XMLDocument.h"
 #include "Layout/NumericEditBoxElement.h"
 #include "Managers/Layout/LayoutManager.h"
-#include "Widgets/Property.h"
+#include "support/LayoutSteps.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
 
 #include <filesystem>
-#include <map>
-#include <memory>
+#include <optional>
 
 namespace
 {
@@ -66,21 +54,7 @@ protected:
 
     void TearDown() override
     {
-        for (const auto& [name, handler] : m_handlers)
-        {
-            Layouts().RemoveNotificationHandler(name);
-        }
-        for (const std::string& id : m_applied)
-        {
-            for (const WidgetPtr& widget : Layouts().RetrieveLayout(id))
-            {
-                Widgets().DestroyWidget(widget.Get());
-            }
-        }
-        while (const WidgetPtr box = Widgets().FindWidget("WidgetMgrMessage", nullptr))
-        {
-            Widgets().DestroyWidget(box.Get());
-        }
+        m_steps.reset();
         CControlTest::TearDown();
     }
 
@@ -91,86 +65,11 @@ protected:
         return widget;
     }
 
-    /// A child through its parent, as the toolkit asks for.
-    static void Destroy(const std::string& a_id)
-    {
-        const WidgetPtr widget = Widgets().FindWidget(a_id, nullptr);
-        if (widget && widget->Parent() != nullptr)
-        {
-            widget->Parent()->DestroyChild(widget);
-        }
-        else
-        {
-            Widgets().DestroyWidget(widget.Get());
-        }
-    }
-
-    void Handle(const std::string& a_name, bool a_result, const std::string& a_destroys)
-    {
-        using Handler = Core::Functor<bool, WidgetPtr, const std::string&, const std::string&>;
-        auto* const handler = Handler::Make(
-            [this, a_result, a_destroys](const WidgetPtr& a_widget, const std::string& a_what,
-                                         const std::string& a_parameter)
-            {
-                m_notified += a_what + ' ' + a_parameter + ' ' + a_widget->GetName() + ';';
-                if (a_destroys == "*")
-                {
-                    for (const WidgetPtr& widget : Widgets().TopLevelWidgets())
-                    {
-                        Widgets().DestroyWidget(widget.Get());
-                    }
-                }
-                else
-                {
-                    Destroy(a_destroys);
-                }
-                return a_result;
-            });
-        m_handlers[a_name].reset(handler);
-        Layouts().AddNotificationHandler(a_name, handler);
-    }
-
     void Do(const XMLNode& a_step)
     {
         const auto text = [&a_step](const char* a_name) { return a_step.Attribute(a_name, ""); };
         const std::string& word = a_step.Name();
-        if (word == "Apply")
-        {
-            m_applied.push_back(text("id"));
-            Layouts().ApplyLayout(text("id"));
-        }
-        else if (word == "Tap")
-        {
-            Click(Gfx::Widgets::NumberFromText(text("x")), Gfx::Widgets::NumberFromText(text("y")));
-        }
-        else if (word == "Type")
-        {
-            for (const char key : text("text"))
-            {
-                Widgets().KeyboardEvent(static_cast<unsigned char>(key));
-            }
-        }
-        else if (word == "Show" || word == "Hide")
-        {
-            Find(text("id"))->SetShowHide(word == "Show");
-        }
-        else if (word == "Set")
-        {
-            Find(text("id"))->SetProperty(text("name"), text("value"));
-        }
-        else if (word == "SetFlag")
-        {
-            Layouts().SetFlag(text("name"), text("value"));
-        }
-        else if (word == "Handler")
-        {
-            Handle(text("name"), text("result") == "True", text("destroys"));
-        }
-        else if (word == "Idle")
-        {
-            Widgets().Idle();
-        }
-        else if (word == "Expect")
+        if (word == "Expect")
         {
             EXPECT_EQ(Find(text("id"))->GetProperty(text("name"), "no such property"), text("value"))
                 << text("id") << '>' << text("name");
@@ -185,7 +84,7 @@ protected:
         }
         else if (word == "Notified")
         {
-            EXPECT_EQ(std::exchange(m_notified, ""), text("text"));
+            EXPECT_EQ(m_steps->TakeNotified(), text("text"));
         }
         else if (word == "Output")
         {
@@ -197,14 +96,13 @@ protected:
         }
         else
         {
-            ADD_FAILURE() << "no such step: " << word;
+            EXPECT_TRUE(m_steps->Do(a_step)) << word;
         }
     }
 
-    std::map<std::string, std::unique_ptr<CLayoutManager::NotificationHandler>> m_handlers;
-    std::vector<std::string> m_applied;
+    /// Ends before the stage is cleared.
+    std::optional<GfxTest::CLayoutSteps> m_steps{std::in_place};
     std::vector<std::string> m_outputs;
-    std::string m_notified;
 };
 
 TEST_P(LayoutCasesTest, Runs)

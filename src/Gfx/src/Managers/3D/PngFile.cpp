@@ -33,6 +33,8 @@ public:
             m_info = png_create_info_struct(m_png);
             m_endInfo = png_create_info_struct(m_png);
             png_set_user_limits(m_png, k_longestSide, k_longestSide);
+            // What isn't needed for pixels is skipped: a text may claim gigabytes.
+            png_set_keep_unknown_chunks(m_png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
         }
     }
     ~CPngReader() { png_destroy_read_struct(&m_png, &m_info, &m_endInfo); }
