@@ -80,6 +80,49 @@ def pngs():
     return [png(3, 2, 2), png(3, 2, 6), png(4, 4, 6, interlaced=1), png(2, 2, 0), png(2, 2, 3), png(2, 2, 2, depth=16)]
 
 
+def evdev():
+    def stream(first, *events):
+        return bytes([first]) + b"".join(struct.pack("<qqHHi", 0, 0, *event) for event in events)
+
+    syn, down, up = (0, 0, 0), (1, 0x14A, 1), (1, 0x14A, 0)
+    for first, x, y in ((1, 3, 2), (0, 0, 1), (3, 3, 2), (2, 0, 1)):
+        touch = stream(first, down, (3, x, 2000), (3, y, 2500), syn, (3, x, 2100), syn, up, syn)
+        yield touch
+        yield touch[:-7]
+    yield stream(0, (3, 0, 1000), (3, 1, 1000), syn, syn, (3, 0, 1010), syn, up, syn)
+    yield stream(1, (3, 3, -(2**31)), (3, 2, 2**31 - 1), down, syn, (0, 3, 0), (3, 0x35, 5), syn)
+
+
+def greenhouse():
+    def tap(x, y):
+        return bytes([9, x * 256 // 800, y * 256 // 480])
+
+    paint, step = b"\x08", b"\x07"
+    rail = [tap(50, y) for y in range(60, 480, 60)]
+    yield b"".join(page + paint for page in rail)
+    for page in rail:
+        yield page + step + b"".join(tap(x, y) for x in range(150, 800, 130) for y in range(60, 480, 80)) + paint
+    yield rail[3] + bytes([3, 100, 100, 200, 150, 6, 200]) + step * 20 + paint
+    yield b"".join(bytes([4, letter]) for letter in b"abc123") + bytes([5, 8, 5, 13]) + paint
+
+
+def styles():
+    """The tests' own three files in one, and each with a part of what is shipped."""
+    def joined(*parts):
+        root = xml.Element("Gfx")
+        for part in parts:
+            node = xml.fromstring(part)
+            root.extend(node if node.tag == "Gfx" else [node])
+        return xml.tostring(root)
+
+    theme, textures = (read(TESTS / path) for path in ("Configuration/ThemeConfig.xml", "TextureMaps/TextureConfig.xml"))
+    yield joined(read(TESTS / "Configuration/GfxConfig.xml"), theme, textures)
+    for part in cut(DATA / "Configuration/GfxConfig.xml", 1):
+        yield joined(part, theme, textures)
+    for part in cut_twice(DATA / "Configuration/ThemeConfig.xml", 20):
+        yield joined(part, textures)
+
+
 CALIBRATION = b"""# The panel
 [gfx]
 cal_a=-0.200846
@@ -102,10 +145,18 @@ TARGETS = {
     "CatalogueFuzz": (lambda: cut(GREENHOUSE / "Localisation/de.xml", 20), ["xml.dict", "localisation.xsd"]),
     "ConfigFuzz": (lambda: [read(TESTS / "Configuration/GfxConfig.xml"),
                             *cut(DATA / "Configuration/GfxConfig.xml", 1)], ["xml.dict", "configuration.xsd"]),
+    "EvdevFuzz": (evdev, []),
+    "GreenhouseFuzz": (greenhouse, []),
+    "ImageFuzz": (pngs, ["png.dict"]),
+    "KeyboardFuzz": (lambda: [read(TESTS / "Configuration/OSK.xml"), *cut(DATA / "Configuration/OSK.xml", 1)],
+                     ["xml.dict", "keyboards.xsd"]),
     "LayoutFuzz": (lambda: [*map(read, sorted(TESTS.glob("LayoutCases/*.xml"))), *layouts()],
                    ["xml.dict", "layouts.dict", "layouts.xsd", "properties.md"]),
+    "ModelsFuzz": (lambda: [read(DATA / "Models/Models.xml"), *cut_twice(DATA / "Models/Models.xml", 1)],
+                   ["xml.dict", "models.xsd"]),
     "ObjFuzz": (lambda: map(read, sorted(DATA.glob("Models/*/*.obj"))), ["obj.dict"]),
     "PngFuzz": (pngs, ["png.dict"]),
+    "StyleFuzz": (styles, ["xml.dict", "configuration.xsd", "themes.xsd", "textures.xsd"]),
     "TextureFuzz": (lambda: [read(TESTS / "TextureMaps/TextureConfig.xml"),
                              *cut_twice(DATA / "TextureMaps/TextureConfig.xml", 10)], ["xml.dict", "textures.xsd"]),
     "ThemeFuzz": (lambda: [read(TESTS / "Configuration/ThemeConfig.xml"),
