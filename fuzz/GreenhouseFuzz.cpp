@@ -60,10 +60,9 @@ public:
     ~CDemo()
     {
         CStage::Clear();
-        Remake();
         m_greenhouse.reset();
-        // What was remade is let go of when it is remade.
-        Remake();
+        std::vector<std::string> errors;
+        GfxFuzz::Use(StaticSingleton<Gfx::Managers::CLayoutManager>::ref().Reload(errors, true));
         CStage::Iterate();
     }
     CDemo(const CDemo&) = delete;
@@ -90,11 +89,6 @@ public:
     }
 
 private:
-    static void Remake()
-    {
-        std::vector<std::string> errors;
-        GfxFuzz::Use(StaticSingleton<Gfx::Managers::CLayoutManager>::ref().Reload(errors, true));
-    }
     static void Press(CBytes& a_bytes)
     {
         const SPlace place(a_bytes);

@@ -21,7 +21,7 @@ public:
     using CStageTest::Release;
     using CStageTest::Widgets;
 
-    /// Paints the whole stage.
+    /// Has all that is on the stage draw.
     static void Paint();
 
     /// Has the main loop do what is due, within reason: something may always be due.
