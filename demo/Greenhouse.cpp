@@ -134,6 +134,17 @@ CGreenhouse::CGreenhouse()
 
 CGreenhouse::~CGreenhouse() = default;
 
+void CGreenhouse::Leave()
+{
+    for (const auto& [notification, handler] : m_handlers)
+    {
+        Layouts().RemoveNotificationHandler(notification);
+    }
+    m_view->OnSelected({});
+    Find<CNumericEditBox>(k_address)->SetMouseEditBoxListEventHandler(nullptr);
+    Widgets().DestroyWidget(m_wizard.Get());
+}
+
 void CGreenhouse::MakeScreens()
 {
     static CLayoutManager::ElementConstructor::Function s_viewElement(&Gfx::Managers::ElementBuilder<CViewElement>);
@@ -149,6 +160,7 @@ void CGreenhouse::MakeScreens()
         }
     }
     m_view = Find<CGreenhouseView>("House:Scene:View");
+    m_view->Reset();
     m_view->OnSelected(
         [this](const std::string& a_name)
         { Set("House:Acts:Hint", "Text", k_localised + (a_name.empty() ? "Drag to turn, touch a vent" : a_name)); });
@@ -195,6 +207,7 @@ void CGreenhouse::MakeHistory()
 {
     m_graph = Find<CGraph>("History:Lines:Graph");
     m_graph->SetYRange(0, 100);
+    m_graph->RemoveAllSeries();
     SSimulation yesterday = m_simulation;
     yesterday.time -= k_minutesPerDay;
     for (const SLine& line : k_lines)
@@ -266,14 +279,15 @@ void CGreenhouse::AddHandlers()
 void CGreenhouse::On(const std::string& a_notification, std::function<void(const std::string&)> a_action)
 {
     using Handler = Core::Functor<bool, WidgetPtr, const std::string&, const std::string&>;
-    m_handlers.emplace_back(Handler::Make(
+    auto& handler = m_handlers[a_notification];
+    handler.reset(Handler::Make(
         [this, action = std::move(a_action)](WidgetPtr, const std::string&, const std::string& a_parameter)
         {
             action(a_parameter);
             Show();
             return true;
         }));
-    Layouts().AddNotificationHandler(a_notification, m_handlers.back().get());
+    Layouts().AddNotificationHandler(a_notification, handler.get());
 }
 
 template <typename WidgetT>

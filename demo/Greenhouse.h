@@ -7,7 +7,6 @@
 
 #include <array>
 #include <functional>
-#include <list>
 #include <map>
 #include <memory>
 #include <string>
@@ -17,13 +16,18 @@ namespace Demo
 {
 
 /// The program behind the layouts of a greenhouse: it shows the state of a simulation by properties of widgets, and
-/// does what the layouts' notifications ask for. It lives to the end of the process, as the widgets do.
+/// does what the layouts' notifications ask for. It lives to the end of the process, as the widgets do, unless another
+/// one takes over.
 class CGreenhouse
 {
 public:
-    /// Puts the first page on the stage.
+    /// Puts the first page on the stage. The widgets may have had another program before.
     CGreenhouse();
     ~CGreenhouse();
+
+    /// Lets go of the widgets: the last thing that it does. For those who read layouts anew while the program runs,
+    /// and want another one for them.
+    void Leave();
 
     /// A minute of the greenhouse passes.
     void Step();
@@ -86,7 +90,8 @@ private:
     std::array<SAlarm, 4> m_alarms;
     /// The widgets at the top of all layouts, by their names.
     std::map<std::string, WidgetPtr> m_screens;
-    std::list<std::unique_ptr<Gfx::Managers::CLayoutManager::NotificationHandler>> m_handlers;
+    /// By their notifications.
+    std::map<std::string, std::unique_ptr<Gfx::Managers::CLayoutManager::NotificationHandler>> m_handlers;
     CGreenhouseView* m_view = nullptr;
     int m_shownVents = -1;
     Core::SharedPtr<Gfx::Widgets::CWizard> m_wizard;

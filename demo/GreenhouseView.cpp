@@ -26,6 +26,9 @@ constexpr float k_ventLength = 0.72F;
 constexpr float k_roofSlope = 32;
 constexpr float k_openAngle = 48;
 
+constexpr float k_firstAzimuth = 52;
+constexpr float k_firstElevation = 30;
+
 constexpr int k_dragThreshold = 6;
 
 /// Slow at both ends.
@@ -48,7 +51,7 @@ CGreenhouseView::CGreenhouseView(const std::string& a_name, const Gfx::Common::C
     AddGarden();
     AddWater();
     AddHouse();
-    PlaceCamera();
+    Reset();
 }
 
 CGreenhouseView::~CGreenhouseView()
@@ -173,6 +176,14 @@ void CGreenhouseView::PlaceVent(const SVent& a_vent)
 void CGreenhouseView::PlaceCamera()
 {
     Camera_LookAt({0, 0.3F, 0}, m_elevation, m_azimuth, 15.6F);
+}
+
+void CGreenhouseView::Reset()
+{
+    m_azimuth = k_firstAzimuth;
+    m_elevation = k_firstElevation;
+    PlaceCamera();
+    SelectEntity({});
 }
 
 void CGreenhouseView::OpenVents(float a_share)

@@ -21,6 +21,9 @@ public:
     /// Called with the name of what was selected, or with nothing.
     void OnSelected(std::function<void(const std::string&)> a_handler) { m_selectedHandler = std::move(a_handler); }
 
+    /// Selects nothing, and looks from where it did at first.
+    void Reset();
+
     /// From 0, closed, to 1.
     void OpenVents(float a_share);
 
@@ -69,8 +72,8 @@ private:
     EntityPtr m_pump;
     EntityPtr m_selected;
     std::function<void(const std::string&)> m_selectedHandler;
-    float m_azimuth = 52;
-    float m_elevation = 30;
+    float m_azimuth = 0;
+    float m_elevation = 0;
     float m_startAzimuth = 0;
     float m_startElevation = 0;
     bool m_isDragging = false;

@@ -1,0 +1,506 @@
+#include "Console.h"
+
+#include "Report.h"
+
+#include "support/Png.h"
+
+#include <clutter/clutter.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <string_view>
+
+namespace Soak
+{
+
+using Core::IO::XMLNode;
+using Core::Patterns::StaticSingleton;
+using Gfx::Common::CPoint;
+using Gfx::Managers::CInputManager;
+using GfxTest::CPicture;
+using GfxTest::WidgetPtr;
+
+namespace
+{
+
+constexpr int k_idleMs = 100;
+constexpr int k_minuteMs = 1000;
+constexpr int k_cleanUpMs = 5000;
+/// Beside everything that looks different under the pointer.
+constexpr CPoint k_rest(300, 30);
+/// How often what is set back may set something else.
+constexpr int k_mostPasses = 5;
+
+Gfx::Managers::CGfxManager& Gfx_()
+{
+    return StaticSingleton<Gfx::Managers::CGfxManager>::ref();
+}
+
+Gfx::Managers::CLayoutManager& Layouts()
+{
+    return StaticSingleton<Gfx::Managers::CLayoutManager>::ref();
+}
+
+void Write(const CPicture& a_picture, const std::string& a_name)
+{
+    std::vector<std::uint8_t> pixels;
+    for (int y = 0; y < a_picture.Height(); ++y)
+    {
+        for (int x = 0; x < a_picture.Width(); ++x)
+        {
+            const Gfx::CColour colour = a_picture.At(x, y);
+            pixels.insert(pixels.end(), {colour.Red(), colour.Green(), colour.Blue()});
+        }
+    }
+    std::ofstream(PictureFolder() + a_name, std::ios::binary)
+        << GfxTest::EncodePng(a_picture.Width(), a_picture.Height(), 2, 8, pixels);
+}
+
+/// Fails, with both pictures, if they differ.
+void Compare(const CPicture& a_picture, const CPicture& a_expected, const std::string& a_what)
+{
+    if (a_picture.CountDifferences(a_expected) == 0)
+    {
+        return;
+    }
+    int left = a_picture.Width();
+    int top = a_picture.Height();
+    int right = 0;
+    int bottom = 0;
+    for (int y = 0; y < a_picture.Height(); ++y)
+    {
+        for (int x = 0; x < a_picture.Width(); ++x)
+        {
+            if (!(a_picture.At(x, y) == a_expected.At(x, y)))
+            {
+                left = std::min(left, x);
+                top = std::min(top, y);
+                right = std::max(right, x + 1);
+                bottom = std::max(bottom, y + 1);
+            }
+        }
+    }
+    Write(a_picture, "soak-is.png");
+    Write(a_expected, "soak-should-be.png");
+    Fail(a_what + ": " + std::to_string(a_picture.CountDifferences(a_expected)) + " pixels differ, within " +
+         std::to_string(left) + ',' + std::to_string(top) + ' ' + std::to_string(right - left) + " x " +
+         std::to_string(bottom - top) + "; see soak-is.png and soak-should-be.png in " + PictureFolder());
+}
+
+std::size_t Look(const CPicture& a_picture)
+{
+    std::string pixels;
+    for (int y = 0; y < a_picture.Height(); ++y)
+    {
+        for (int x = 0; x < a_picture.Width(); ++x)
+        {
+            const Gfx::CColour colour = a_picture.At(x, y);
+            for (const std::uint8_t value : {colour.Red(), colour.Green(), colour.Blue()})
+            {
+                pixels += static_cast<char>(value);
+            }
+        }
+    }
+    return std::hash<std::string_view>()(pixels);
+}
+
+} // namespace
+
+std::string SState::Name() const
+{
+    return std::string(page) + ", " + theme + ", " + language;
+}
+
+CConsole::CConsole()
+{
+    setenv("GFX_SYSTEM_CONFIG", (m_data.Path() + "system.conf").c_str(), 1);
+    CStage::SetUpStage(m_data.Path());
+    if (Gfx_().GetStage() == nullptr)
+    {
+        Fail("no display");
+    }
+    StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
+    StaticSingleton<Gfx::Managers::C3DManager>::ref().Initialise(m_data.Path());
+    CStage::WaitForClippedRedraws();
+    m_hands = std::make_unique<CHands>();
+    StartProgram();
+    for (const auto& [name, root] : m_roots)
+    {
+        Core::IO::XMLDocument dump;
+        if (!dump.ParseText(root->GetWidgetInfo(), name))
+        {
+            Fail("the dump of " + name + " is no XML");
+        }
+        Note(*dump.RootNode()->Child("Widget"), name);
+    }
+    for (const char* page : k_pages)
+    {
+        for (const char* theme : k_themes)
+        {
+            for (const char* language : k_languages)
+            {
+                // All of them now, so that the heap doesn't grow by them later.
+                m_looks.emplace(SState{page, theme, language}.Name(), 0);
+            }
+        }
+    }
+}
+
+void CConsole::StartProgram()
+{
+    m_program = std::make_unique<Demo::CGreenhouse>();
+    m_roots.clear();
+    for (const std::string& layout : Layouts().LayoutIds())
+    {
+        for (const WidgetPtr& root : Layouts().RetrieveLayout(layout))
+        {
+            m_roots.emplace(root->Name(), root);
+        }
+    }
+}
+
+WidgetPtr CConsole::Find(const std::string& a_path) const
+{
+    const std::size_t colon = a_path.find(':');
+    const auto root = m_roots.find(a_path.substr(0, colon));
+    if (root == m_roots.end() || colon == std::string::npos)
+    {
+        return root != m_roots.end() ? root->second : WidgetPtr();
+    }
+    return CStage::Widgets().FindWidget(a_path.substr(colon + 1), root->second.Get());
+}
+
+void CConsole::Note(const XMLNode& a_widget, const std::string& a_path)
+{
+    const WidgetPtr widget = Find(a_path);
+    if (!widget)
+    {
+        return;
+    }
+    SWidget& first = m_first[a_path];
+    for (const auto& property : widget->Properties())
+    {
+        const std::string name(property.name);
+        if (property.isReadable && property.isWritable)
+        {
+            first.properties[name] = widget->GetProperty(name, "");
+        }
+    }
+    // What lies within these is made and placed by them.
+    if (auto* const box = dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()))
+    {
+        first.items = box->Items();
+        first.firstItem = box->Items().empty() ? "" : box->Items().front().id;
+        return;
+    }
+    if (auto* const grid = dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()))
+    {
+        first.firstItem = grid->Items().empty() ? "" : grid->Items().front().id;
+        return;
+    }
+    if (dynamic_cast<Gfx::Widgets::COnScreenKeyboard*>(widget.Get()) != nullptr)
+    {
+        return;
+    }
+    if (const XMLNode* const children = a_widget.Child("Children"))
+    {
+        for (const XMLNode& child : children->Children())
+        {
+            Note(child, a_path + ':' + child.Attribute("id", ""));
+        }
+    }
+}
+
+bool CConsole::SetBack(const std::string& a_path, const SWidget& a_first)
+{
+    const WidgetPtr widget = Find(a_path);
+    if (!widget)
+    {
+        Fail(a_path + " has gone");
+    }
+    bool isAsFirst = true;
+    if (auto* const box = dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()))
+    {
+        const auto& items = box->Items();
+        if (!std::equal(items.begin(), items.end(), a_first.items.begin(), a_first.items.end(),
+                        [](const auto& a_item, const auto& a_other)
+                        { return a_item.id == a_other.id && a_item.text == a_other.text; }))
+        {
+            isAsFirst = false;
+            box->ClearItems();
+            for (const auto& item : a_first.items)
+            {
+                box->AddItem(item, true);
+            }
+        }
+        box->ScrollTo(a_first.firstItem);
+    }
+    if (auto* const grid = dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()))
+    {
+        grid->ScrollTo(a_first.firstItem);
+    }
+    for (const auto& [name, value] : a_first.properties)
+    {
+        if (widget->GetProperty(name, "") != value)
+        {
+            isAsFirst = false;
+            widget->SetProperty(name, value);
+        }
+    }
+    return isAsFirst;
+}
+
+void CConsole::Pass(int a_milliseconds)
+{
+    for (; a_milliseconds > 0; a_milliseconds -= k_idleMs)
+    {
+        CStage::Advance(k_idleMs);
+        Gfx_().Idle();
+        CStage::Widgets().Idle();
+        StaticSingleton<CInputManager>::ref().Idle();
+        if ((m_toMinute += k_idleMs) >= k_minuteMs)
+        {
+            m_toMinute = 0;
+            m_program->Step();
+        }
+        if ((m_toCleanUp += k_idleMs) >= k_cleanUpMs)
+        {
+            m_toCleanUp = 0;
+            CStage::Widgets().GarbageCollect();
+        }
+        Pump();
+    }
+}
+
+void CConsole::Notify(const char* a_notification, const std::string& a_parameter)
+{
+    Layouts().PostNotification(a_notification, a_parameter, {});
+    Pump();
+}
+
+void CConsole::Reload()
+{
+    std::vector<std::string> errors;
+    const bool isRead = Gfx_().Reload(errors);
+    Pump();
+    if (m_data.IsDamaged())
+    {
+        return;
+    }
+    if (!isRead)
+    {
+        Fail("can't read the data again: " + errors.front());
+    }
+    bool isSame = true;
+    for (const std::string& layout : Layouts().LayoutIds())
+    {
+        for (const WidgetPtr& root : Layouts().RetrieveLayout(layout))
+        {
+            isSame = isSame && Find(root->Name()) == root;
+        }
+    }
+    if (isSame)
+    {
+        return;
+    }
+    m_program->Leave();
+    m_program.reset();
+    StartProgram();
+    Pump();
+}
+
+void CConsole::Apply(const std::string& a_layout)
+{
+    for (const WidgetPtr& widget : Layouts().RetrieveLayout(a_layout))
+    {
+        CStage::Widgets().DestroyWidget(widget.Get());
+    }
+    Layouts().ApplyLayout(a_layout);
+    ++m_applied;
+}
+
+WidgetPtr CConsole::AnyWidget(const Chance& a_chance)
+{
+    const auto roots = CStage::Widgets().TopLevelWidgets();
+    WidgetPtr widget = CStage::Widgets().GetModalWidget();
+    if (!widget && !roots.empty())
+    {
+        widget = roots[static_cast<std::size_t>(a_chance(static_cast<int>(roots.size())))];
+    }
+    while (widget && a_chance(8) != 0)
+    {
+        // One of its children, by a point within it.
+        const int x = widget->AbsoluteTopLeft().X() + a_chance(std::max(widget->Width(), 1));
+        const int y = widget->AbsoluteTopLeft().Y() + a_chance(std::max(widget->Height(), 1));
+        const WidgetPtr child = widget->FindIntersectingChild({x, y, 1, 1});
+        if (!child)
+        {
+            break;
+        }
+        widget = child;
+    }
+    return widget;
+}
+
+void CConsole::CloseBoxes()
+{
+    for (int i = 0; i < 20; ++i)
+    {
+        const WidgetPtr box = CStage::Widgets().FindWidget("WidgetMgrMessage", nullptr);
+        if (!box)
+        {
+            return;
+        }
+        // Over all others, so that its last button, or its only one, can be touched.
+        CStage::Widgets().BringToFront(box.Get());
+        const CPoint corner = box->AbsoluteTopLeft() + CPoint(box->Width() - 40, box->Height() - 40);
+        m_hands->Tap(corner.X(), corner.Y());
+    }
+    Fail("a message box can't be closed");
+}
+
+void CConsole::TapOn(const std::string& a_path)
+{
+    const WidgetPtr widget = Find(a_path);
+    if (!widget || !CStage::Widgets().IsVisible(widget.Get()))
+    {
+        Fail(a_path + " can't be seen");
+    }
+    const CPoint middle = widget->AbsoluteTopLeft() + CPoint(widget->Width() / 2, widget->Height() / 2);
+    m_hands->Tap(middle.X(), middle.Y());
+}
+
+void CConsole::BringTo(const SState& a_state)
+{
+    NoteStep("bring to " + a_state.Name());
+    StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
+    m_hands->LetGo();
+    CloseBoxes();
+    m_program->Leave();
+    m_program.reset();
+    for (const std::string& layout : Layouts().LayoutIds())
+    {
+        if (!layout.starts_with("Setup"))
+        {
+            Layouts().ApplyLayout(layout);
+        }
+    }
+    StartProgram();
+    Notify("Theme", k_home.theme);
+    Notify("Language", k_home.language);
+    for (int pass = 0;; ++pass)
+    {
+        bool isAsFirst = true;
+        for (const auto& [path, first] : m_first)
+        {
+            isAsFirst = SetBack(path, first) && isAsFirst;
+        }
+        if (isAsFirst)
+        {
+            break;
+        }
+        if (pass == k_mostPasses)
+        {
+            Fail("properties can't be set back");
+        }
+    }
+    Notify("Theme", a_state.theme);
+    Notify("Language", a_state.language);
+    // The bell would flash otherwise.
+    Notify("Acknowledge", "Tank");
+    const std::string page = a_state.page;
+    for (const char* root : {"Navigation", "Status"})
+    {
+        CStage::Widgets().BringToFront(Find(root).Get());
+    }
+    TapOn("Navigation:Pages:Settings");
+    if (page == "Network")
+    {
+        TapOn("Settings:Console:OpenNetwork");
+    }
+    else if (page == "Calibration")
+    {
+        TapOn("Settings:Console:OpenTouch");
+    }
+    else
+    {
+        TapOn("Navigation:Pages:" + page);
+    }
+    m_hands->MoveTo(k_rest.X(), k_rest.Y());
+    CStage::Widgets().GarbageCollect();
+    CStage::Settle();
+}
+
+void CConsole::Rebuild()
+{
+    NoteStep("rebuild");
+    m_hands->LetGo();
+    CloseBoxes();
+    m_program->Leave();
+    m_program.reset();
+    static int s_alive = 0;
+    for (const auto& [name, root] : m_roots)
+    {
+        if (ClutterActor* const actor = root->GetActor())
+        {
+            ++s_alive;
+            g_object_weak_ref(
+                G_OBJECT(actor), [](gpointer, GObject*) { --s_alive; }, nullptr);
+        }
+    }
+    m_roots.clear();
+    for (const WidgetPtr& widget : CStage::Widgets().TopLevelWidgets())
+    {
+        CStage::Widgets().DestroyWidget(widget.Get());
+    }
+    // The second time forgets what the first has replaced.
+    for (int i = 0; i < 2; ++i)
+    {
+        std::vector<std::string> errors;
+        if (!Layouts().Reload(errors, true))
+        {
+            Fail("can't read layouts again: " + errors.front());
+        }
+        CStage::Widgets().GarbageCollect();
+        CStage::Settle();
+    }
+    if (s_alive != 0)
+    {
+        Fail(std::to_string(s_alive) + " screens outlive their widgets");
+    }
+    StartProgram();
+}
+
+void CConsole::CheckRepaint()
+{
+    CStage::Settle();
+    const CPicture shown = m_hands->Seen();
+    Compare(shown, CStage::FreshPicture(), "what was painted in parts, beside all of it painted anew");
+}
+
+void CConsole::CheckState(const SState& a_state, bool a_anew)
+{
+    BringTo(a_state);
+    CheckRepaint();
+    std::size_t& look = m_looks.at(a_state.Name());
+    const CPicture used = CStage::FreshPicture();
+    const std::size_t usedLook = Look(used);
+    if (!a_anew && usedLook == look)
+    {
+        return;
+    }
+    Rebuild();
+    BringTo(a_state);
+    const CPicture fresh = CStage::FreshPicture();
+    Compare(used, fresh, "the state " + a_state.Name() + ", beside the same made of nothing");
+    if (look != 0 && usedLook != look)
+    {
+        Write(fresh, "soak-is.png");
+        Fail("the state " + a_state.Name() + " isn't what it was when it was first made of nothing");
+    }
+    look = usedLook;
+}
+
+} // namespace Soak

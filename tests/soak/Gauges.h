@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Soak
+{
+
+/// In bytes, what was handed out in one piece included.
+double HeapInUse();
+
+/// Open file descriptors of this process.
+int Descriptors();
+
+/// Textures that OpenGL has been asked for and not been asked to delete.
+long Textures();
+
+/// A number that is read once in each round, and shouldn't grow.
+class CTrend
+{
+public:
+    CTrend(std::string a_name, double a_limit) : m_name(std::move(a_name)), m_limit(a_limit) {}
+
+    void Add(double a_value) { m_values.push_back(a_value); }
+
+    /// How much it grows in a round, by the least squares of all but the first rounds, in which caches fill; and how
+    /// much of that can be chance. False if there are too few rounds to tell.
+    [[nodiscard]] bool Growth(double& a_growth, double& a_error) const;
+
+    /// Empty, or what is wrong: it grows by more than the limit even if chance is left out, in both halves of the
+    /// rounds that count, so that one more cache which fills late isn't taken for a leak.
+    [[nodiscard]] std::string Fault() const;
+
+    /// Its first and last values and its growth.
+    [[nodiscard]] std::string Summary() const;
+
+private:
+    std::string m_name;
+    double m_limit;
+    std::vector<double> m_values;
+};
+
+} // namespace Soak

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "support/StageTest.h"
+
+#include <set>
+
+struct _XDisplay;
+
+namespace Soak
+{
+
+/// Who sits before the console: sends the pointer and keys of the X server, by a connection of its own, and waits until
+/// the stage has had each of them; and sees what the server shows.
+class CHands
+{
+public:
+    /// Of the stage, which must be shown.
+    CHands();
+
+    /// In stage coordinates, which may lie outside.
+    void MoveTo(int a_x, int a_y);
+    /// Of buttons 1 to 3.
+    void Press(unsigned int a_button);
+    void Release(unsigned int a_button);
+    void Tap(int a_x, int a_y);
+    void Scroll(bool a_down);
+
+    /// A key by its X symbol, with the shift key held or not; nothing if no key has the symbol.
+    void Key(unsigned long a_symbol, bool a_shift);
+
+    /// Releases whatever is held.
+    void LetGo();
+
+    /// What the X server has of the stage's window, which is what is seen: the buffer that OpenGL draws into has traces
+    /// of picking in it, and may have what was never shown.
+    [[nodiscard]] GfxTest::CPicture Seen() const;
+
+    [[nodiscard]] long Events() const { return m_sent; }
+
+private:
+    void Await();
+
+    _XDisplay* m_display;
+    unsigned long m_window = 0;
+    int m_left = 0;
+    int m_top = 0;
+    int m_x = -1;
+    int m_y = -1;
+    std::set<unsigned int> m_held;
+    long m_sent = 0;
+};
+
+/// Lets the main loop do what is ready to be done.
+void Pump();
+
+} // namespace Soak
