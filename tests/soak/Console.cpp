@@ -126,14 +126,18 @@ CConsole::CConsole()
     CStage::WaitForClippedRedraws();
     m_hands = std::make_unique<CHands>();
     StartProgram();
-    for (const auto& [name, root] : m_roots)
+    for (const std::string& file : m_data.Layouts())
     {
-        Core::IO::XMLDocument dump;
-        if (!dump.ParseText(root->GetWidgetInfo(), name))
+        Core::IO::XMLDocument document;
+        const XMLNode* const layouts = document.Parse(file) ? document.Section("Layouts") : nullptr;
+        if (layouts == nullptr)
         {
-            Fail("the dump of " + name + " is no XML");
+            Fail("no layouts in " + file);
         }
-        Note(*dump.RootNode()->Child("Widget"), name);
+        for (const XMLNode& layout : layouts->Children())
+        {
+            Note(layout, "");
+        }
     }
     for (const char* page : k_pages)
     {
@@ -151,6 +155,14 @@ CConsole::CConsole()
 void CConsole::StartProgram()
 {
     m_program = std::make_unique<Demo::CGreenhouse>();
+    for (const std::string& layout : Layouts().LayoutIds())
+    {
+        // Pages refer to those that they are reached from. The stages of the set-up belong to the wizard.
+        if (!layout.starts_with("Setup"))
+        {
+            Layouts().ApplyLayout(layout);
+        }
+    }
     m_roots.clear();
     for (const std::string& layout : Layouts().LayoutIds())
     {
@@ -172,7 +184,25 @@ WidgetPtr CConsole::Find(const std::string& a_path) const
     return CStage::Widgets().FindWidget(a_path.substr(colon + 1), root->second.Get());
 }
 
-void CConsole::Note(const XMLNode& a_widget, const std::string& a_path)
+void CConsole::Note(const XMLNode& a_element, const std::string& a_path)
+{
+    for (const XMLNode& child : a_element.Children())
+    {
+        const std::string id = child.Attribute("id", "");
+        if (child.Name() == "RadioGroup")
+        {
+            Note(child, a_path);
+        }
+        else if (!id.empty())
+        {
+            const std::string path = a_path.empty() ? id : a_path + ':' + id;
+            NoteWidget(path);
+            Note(child, path);
+        }
+    }
+}
+
+void CConsole::NoteWidget(const std::string& a_path)
 {
     const WidgetPtr widget = Find(a_path);
     if (!widget)
@@ -188,28 +218,14 @@ void CConsole::Note(const XMLNode& a_widget, const std::string& a_path)
             first.properties[name] = widget->GetProperty(name, "");
         }
     }
-    // What lies within these is made and placed by them.
     if (auto* const box = dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()))
     {
         first.items = box->Items();
         first.firstItem = box->Items().empty() ? "" : box->Items().front().id;
-        return;
     }
     if (auto* const grid = dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()))
     {
         first.firstItem = grid->Items().empty() ? "" : grid->Items().front().id;
-        return;
-    }
-    if (dynamic_cast<Gfx::Widgets::COnScreenKeyboard*>(widget.Get()) != nullptr)
-    {
-        return;
-    }
-    if (const XMLNode* const children = a_widget.Child("Children"))
-    {
-        for (const XMLNode& child : children->Children())
-        {
-            Note(child, a_path + ':' + child.Attribute("id", ""));
-        }
     }
 }
 
@@ -241,6 +257,18 @@ bool CConsole::SetBack(const std::string& a_path, const SWidget& a_first)
     {
         grid->ScrollTo(a_first.firstItem);
     }
+    // What a touch of the item does to others is done, too, which writing the property doesn't do.
+    const auto selected = a_first.properties.find("SelectedItem");
+    const auto select = [&](auto* a_list)
+    {
+        if (a_list != nullptr && a_list->SelectedItem() != selected->second)
+        {
+            isAsFirst = false;
+            a_list->ToggleItem(selected->second, true);
+        }
+    };
+    select(dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()));
+    select(dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()));
     for (const auto& [name, value] : a_first.properties)
     {
         if (widget->GetProperty(name, "") != value)
@@ -380,13 +408,6 @@ void CConsole::BringTo(const SState& a_state)
     CloseBoxes();
     m_program->Leave();
     m_program.reset();
-    for (const std::string& layout : Layouts().LayoutIds())
-    {
-        if (!layout.starts_with("Setup"))
-        {
-            Layouts().ApplyLayout(layout);
-        }
-    }
     StartProgram();
     Notify("Theme", k_home.theme);
     Notify("Language", k_home.language);

@@ -25,7 +25,7 @@ struct SState
     [[nodiscard]] std::string Name() const;
 };
 
-constexpr std::array k_pages{"Climate", "Irrigation", "Plants",   "House",      "History",
+constexpr std::array k_pages{"Climate", "Irrigation", "Plants",  "House",      "History",
                              "Alarms",  "Settings",   "Network", "Calibration"};
 constexpr std::array k_themes{"Day", "Night", "Contrast"};
 constexpr std::array k_languages{"en", "de"};
@@ -37,8 +37,8 @@ class CStage : public GfxTest::CStageTest
 public:
     using CStageTest::Advance;
     using CStageTest::FreshPicture;
-    using CStageTest::SetUpStage;
     using CStageTest::Settle;
+    using CStageTest::SetUpStage;
     using CStageTest::WaitForClippedRedraws;
     using CStageTest::Widgets;
 };
@@ -90,7 +90,9 @@ private:
         std::string firstItem;
     };
 
-    void Note(const Core::IO::XMLNode& a_widget, const std::string& a_path);
+    /// Keeps how the widgets of an element's children are.
+    void Note(const Core::IO::XMLNode& a_element, const std::string& a_path);
+    void NoteWidget(const std::string& a_path);
     /// True if there was nothing to set back.
     bool SetBack(const std::string& a_path, const SWidget& a_first);
     void CloseBoxes();

@@ -82,6 +82,19 @@ CDataCopy::~CDataCopy()
     fs::remove_all(m_path, ignored);
 }
 
+std::vector<std::string> CDataCopy::Layouts() const
+{
+    std::vector<std::string> layouts;
+    for (const std::string& file : m_files)
+    {
+        if (file.starts_with("Layouts/"))
+        {
+            layouts.push_back(m_path + file);
+        }
+    }
+    return layouts;
+}
+
 const std::string& CDataCopy::Any(const Chance& a_chance) const
 {
     return m_files[static_cast<std::size_t>(a_chance(static_cast<int>(m_files.size())))];

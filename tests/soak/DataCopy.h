@@ -24,6 +24,9 @@ public:
     /// With a separator at its end.
     [[nodiscard]] const std::string& Path() const { return m_path; }
 
+    /// The paths of its layout files.
+    [[nodiscard]] std::vector<std::string> Layouts() const;
+
     // Each says what it has done.
 
     /// Writes a file anew as it is.

@@ -84,7 +84,7 @@ namespace
 {
 
 /// Below which there is nothing to say of a trend.
-constexpr std::size_t k_fewest = 12;
+constexpr std::size_t k_fewest = 40;
 
 struct SLine
 {
@@ -125,7 +125,7 @@ std::span<const double> WithoutStart(const std::vector<double>& a_values)
 
 } // namespace
 
-double HeapInUse()
+double WholeHeap()
 {
     const struct mallinfo2 info = mallinfo2();
     return static_cast<double>(info.uordblks) + static_cast<double>(info.hblkhd);
@@ -133,8 +133,8 @@ double HeapInUse()
 
 int Descriptors()
 {
-    return static_cast<int>(std::distance(std::filesystem::directory_iterator("/proc/self/fd"),
-                                          std::filesystem::directory_iterator()));
+    return static_cast<int>(
+        std::distance(std::filesystem::directory_iterator("/proc/self/fd"), std::filesystem::directory_iterator()));
 }
 
 long Textures()

@@ -6,8 +6,19 @@
 namespace Soak
 {
 
-/// In bytes, what was handed out in one piece included.
-double HeapInUse();
+/// What is allocated, without the OpenGL driver's share.
+struct SHeap
+{
+    long bytes = 0;
+    long blocks = 0;
+};
+
+/// Begins to count, from 0; the driver has to be loaded. What was allocated before, and is freed later, doesn't count.
+void CountHeap();
+SHeap Heap();
+
+/// In bytes, by the C library's own books: the driver's share, too, and what was handed out in one piece.
+double WholeHeap();
 
 /// Open file descriptors of this process.
 int Descriptors();

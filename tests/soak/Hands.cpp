@@ -1,4 +1,5 @@
 #include "Hands.h"
+
 #include "Report.h"
 
 #include <X11/Xlib.h>
@@ -55,8 +56,7 @@ CHands::CHands() : m_display(XOpenDisplay(nullptr))
     Display* const display = clutter_x11_get_default_display();
     Window child = 0;
     m_window = clutter_x11_get_stage_window(stage);
-    XTranslateCoordinates(display, m_window, DefaultRootWindow(display), 0, 0, &m_left,
-                          &m_top, &child);
+    XTranslateCoordinates(display, m_window, DefaultRootWindow(display), 0, 0, &m_left, &m_top, &child);
     // As a window manager does it; otherwise keys would go where the pointer is.
     XSetInputFocus(m_display, m_window, RevertToParent, CurrentTime);
     XSync(m_display, False);

@@ -7,6 +7,7 @@
 
 #include <X11/keysym.h>
 #include <glib.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -16,7 +17,6 @@
 #include <iterator>
 #include <random>
 #include <string>
-#include <unistd.h>
 
 namespace
 {
@@ -30,6 +30,8 @@ constexpr int k_layoutsPerRound = 100;
 constexpr int k_roundsPerRebuild = 5;
 /// In bytes per round; a byte lost with each layout that is applied makes 100.
 constexpr double k_heapLimit = 1000;
+/// One block lost with every twentieth.
+constexpr double k_blockLimit = 5;
 /// A texture or a descriptor that is lost in every tenth round.
 constexpr double k_countLimit = 0.1;
 
@@ -46,6 +48,7 @@ public:
 
     void Run()
     {
+        CountHeap();
         const auto start = std::chrono::steady_clock::now();
         const auto minutes = [&start]
         { return std::chrono::duration<double, std::ratio<60>>(std::chrono::steady_clock::now() - start).count(); };
@@ -60,7 +63,7 @@ public:
             }
         }
         Summarise(minutes());
-        for (const CTrend* trend : {&m_heap, &m_textures, &m_descriptors})
+        for (const CTrend* trend : {&m_heap, &m_blocks, &m_textures, &m_descriptors})
         {
             Say("  " + trend->Summary());
         }
@@ -103,11 +106,15 @@ private:
                            k_languages[Chance(k_languages.size())]};
         m_console.CheckState(state, m_rounds % k_roundsPerRebuild == 0);
         m_console.BringTo(k_home);
+        // Those of other themes, which a reload has left to be read when they are needed.
+        StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
         CheckOutput(false);
-        m_heap.Add(HeapInUse());
+            std::to_string(Textures()));
+        m_heap.Add(static_cast<double>(Heap().bytes));
+        m_blocks.Add(static_cast<double>(Heap().blocks));
         m_textures.Add(static_cast<double>(Textures()));
         m_descriptors.Add(Descriptors());
-        for (const CTrend* trend : {&m_heap, &m_textures, &m_descriptors})
+        for (const CTrend* trend : {&m_heap, &m_blocks, &m_textures, &m_descriptors})
         {
             if (const std::string fault = trend->Fault(); !fault.empty())
             {
@@ -124,8 +131,8 @@ private:
             void (CSoak::*step)();
         };
         static constexpr SKind k_kinds[] = {
-            {14, &CSoak::TapAnywhere}, {24, &CSoak::TapWidget}, {14, &CSoak::Drag},       {10, &CSoak::Keys},
-            {3, &CSoak::Wheel},        {12, &CSoak::Wait},      {5, &CSoak::SetTheme},    {5, &CSoak::SetLanguage},
+            {14, &CSoak::TapAnywhere}, {24, &CSoak::TapWidget}, {14, &CSoak::Drag},      {10, &CSoak::Keys},
+            {3, &CSoak::Wheel},        {12, &CSoak::Wait},      {5, &CSoak::SetTheme},   {5, &CSoak::SetLanguage},
             {6, &CSoak::FewLayouts},   {2, &CSoak::Shoot},      {5, &CSoak::ChangeData},
         };
         int total = 0;
@@ -226,16 +233,16 @@ private:
 
     void Keys()
     {
-        static constexpr unsigned long k_keys[] = {XK_Tab,   XK_Return, XK_Escape, XK_BackSpace, XK_Delete, XK_Left, XK_Right,
-                                            XK_Up,    XK_Down,   XK_Home,   XK_End,       XK_F1,     XK_F5,   XK_F10,
-                                            XK_space, XK_period, XK_plus,   XK_minus,     XK_Page_Up};
+        static constexpr unsigned long k_keys[] = {
+            XK_Tab, XK_Return, XK_Escape, XK_BackSpace, XK_Delete, XK_Left,   XK_Right, XK_Up,    XK_Down,   XK_Home,
+            XK_End, XK_F1,     XK_F5,     XK_F10,       XK_space,  XK_period, XK_plus,  XK_minus, XK_Page_Up};
         const int count = 1 + Chance(6);
         for (int i = 0; i < count; ++i)
         {
             const int which = Chance(60);
             const unsigned long key = which < 26   ? XK_a + static_cast<unsigned long>(which)
-                               : which < 36 ? XK_0 + static_cast<unsigned long>(which - 26)
-                                            : k_keys[which % static_cast<int>(std::size(k_keys))];
+                                      : which < 36 ? XK_0 + static_cast<unsigned long>(which - 26)
+                                                   : k_keys[which % static_cast<int>(std::size(k_keys))];
             const bool isShifted = Chance(5) == 0;
             Step("key " + std::to_string(key) + (isShifted ? " shifted" : ""));
             m_console.Hands().Key(key, isShifted);
@@ -328,8 +335,8 @@ private:
         std::snprintf(text, sizeof text,
                       "soak: %.1f minutes, %d rounds, %ld steps, %ld events, %ld layouts applied; heap %.0f, "
                       "textures %ld, descriptors %d",
-                      a_minutes, m_rounds, m_steps, m_console.Hands().Events(), m_console.Applied(), HeapInUse(),
-                      Textures(), Descriptors());
+                      a_minutes, m_rounds, m_steps, m_console.Hands().Events(), m_console.Applied(),
+                      static_cast<double>(Heap().bytes), Textures(), Descriptors());
         Say(text);
     }
 
@@ -337,6 +344,7 @@ private:
     std::mt19937_64 m_random;
     CConsole m_console;
     CTrend m_heap{"heap in bytes", k_heapLimit};
+    CTrend m_blocks{"blocks of it", k_blockLimit};
     CTrend m_textures{"textures", k_countLimit};
     CTrend m_descriptors{"descriptors", k_countLimit};
     int m_rounds = 0;
@@ -375,18 +383,14 @@ bool ReadOptions(int a_argc, char** a_argv, SOptions& a_options)
     return true;
 }
 
-/// Has the allocators keep nothing back, so that what is in use can be counted: the settings are read when a process
-/// starts.
+/// Has GLib's own allocator keep nothing back: it reads the setting when the process starts.
 void UsePlainAllocation(char** a_argv)
 {
-    if (std::getenv("GFX_SOAK_PLAIN") != nullptr)
+    if (std::getenv("G_SLICE") == nullptr)
     {
-        return;
+        setenv("G_SLICE", "always-malloc", 1);
+        execv("/proc/self/exe", a_argv);
     }
-    setenv("GFX_SOAK_PLAIN", "1", 1);
-    setenv("G_SLICE", "always-malloc", 1);
-    setenv("GLIBC_TUNABLES", "glibc.malloc.tcache_count=0", 1);
-    execv("/proc/self/exe", a_argv);
 }
 
 } // namespace
@@ -394,8 +398,8 @@ void UsePlainAllocation(char** a_argv)
 int main(int a_argc, char** a_argv)
 {
     SOptions options;
-    options.seed = static_cast<unsigned long>(std::chrono::system_clock::now().time_since_epoch().count() / 1000 %
-                                              1'000'000'000);
+    options.seed =
+        static_cast<unsigned long>(std::chrono::system_clock::now().time_since_epoch().count() / 1000 % 1'000'000'000);
     if (!ReadOptions(a_argc, a_argv, options))
     {
         std::fprintf(stderr, "usage: %s [--minutes NUMBER] [--seed NUMBER] [--pictures FOLDER]\n", a_argv[0]);
