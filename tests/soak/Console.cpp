@@ -196,13 +196,13 @@ void CConsole::Note(const XMLNode& a_element, const std::string& a_path)
         else if (!id.empty())
         {
             const std::string path = a_path.empty() ? id : a_path + ':' + id;
-            NoteWidget(path);
+            NoteWidget(path, child.Attribute("text", ""));
             Note(child, path);
         }
     }
 }
 
-void CConsole::NoteWidget(const std::string& a_path)
+void CConsole::NoteWidget(const std::string& a_path, const std::string& a_text)
 {
     const WidgetPtr widget = Find(a_path);
     if (!widget)
@@ -216,6 +216,11 @@ void CConsole::NoteWidget(const std::string& a_path)
         if (property.isReadable && property.isWritable)
         {
             first.properties[name] = widget->GetProperty(name, "");
+        }
+        // Reading a localised text gives its key alone.
+        if (name == "Text" && a_text == "Localised:" + first.properties[name])
+        {
+            first.localisedText = a_text;
         }
     }
     if (auto* const box = dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()))
@@ -274,7 +279,7 @@ bool CConsole::SetBack(const std::string& a_path, const SWidget& a_first)
         if (widget->GetProperty(name, "") != value)
         {
             isAsFirst = false;
-            widget->SetProperty(name, value);
+            widget->SetProperty(name, name == "Text" && !a_first.localisedText.empty() ? a_first.localisedText : value);
         }
     }
     return isAsFirst;
@@ -372,6 +377,25 @@ WidgetPtr CConsole::AnyWidget(const Chance& a_chance)
     return widget;
 }
 
+void CConsole::ReadLayouts(bool a_remake)
+{
+    std::vector<std::string> errors;
+    if (!Layouts().Reload(errors, a_remake))
+    {
+        Fail("can't read layouts again: " + errors.front());
+    }
+    CStage::Widgets().GarbageCollect();
+}
+
+void CConsole::ForgetFormerWidgets()
+{
+    // They stay until layouts are read again, and those that another one of them holds for once more.
+    for (int i = 0; i < 2; ++i)
+    {
+        ReadLayouts(false);
+    }
+}
+
 void CConsole::CloseBoxes()
 {
     for (int i = 0; i < 20; ++i)
@@ -409,6 +433,7 @@ void CConsole::BringTo(const SState& a_state)
     m_program->Leave();
     m_program.reset();
     StartProgram();
+    ForgetFormerWidgets();
     Notify("Theme", k_home.theme);
     Notify("Language", k_home.language);
     for (int pass = 0;; ++pass)
@@ -476,17 +501,9 @@ void CConsole::Rebuild()
     {
         CStage::Widgets().DestroyWidget(widget.Get());
     }
-    // The second time forgets what the first has replaced.
-    for (int i = 0; i < 2; ++i)
-    {
-        std::vector<std::string> errors;
-        if (!Layouts().Reload(errors, true))
-        {
-            Fail("can't read layouts again: " + errors.front());
-        }
-        CStage::Widgets().GarbageCollect();
-        CStage::Settle();
-    }
+    ReadLayouts(true);
+    ForgetFormerWidgets();
+    CStage::Settle();
     if (s_alive != 0)
     {
         Fail(std::to_string(s_alive) + " screens outlive their widgets");

@@ -86,15 +86,19 @@ private:
     struct SWidget
     {
         std::map<std::string, std::string> properties;
+        /// The text as it is to be written, if it is localised.
+        std::string localisedText;
         std::vector<Gfx::Widgets::SListBoxItem> items;
         std::string firstItem;
     };
 
     /// Keeps how the widgets of an element's children are.
     void Note(const Core::IO::XMLNode& a_element, const std::string& a_path);
-    void NoteWidget(const std::string& a_path);
+    void NoteWidget(const std::string& a_path, const std::string& a_text);
     /// True if there was nothing to set back.
     bool SetBack(const std::string& a_path, const SWidget& a_first);
+    static void ReadLayouts(bool a_remake);
+    static void ForgetFormerWidgets();
     void CloseBoxes();
     void TapOn(const std::string& a_path);
     [[nodiscard]] GfxTest::WidgetPtr Find(const std::string& a_path) const;

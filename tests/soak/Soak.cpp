@@ -109,7 +109,6 @@ private:
         // Those of other themes, which a reload has left to be read when they are needed.
         StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
         CheckOutput(false);
-            std::to_string(Textures()));
         m_heap.Add(static_cast<double>(Heap().bytes));
         m_blocks.Add(static_cast<double>(Heap().blocks));
         m_textures.Add(static_cast<double>(Textures()));
