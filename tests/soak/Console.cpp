@@ -234,6 +234,28 @@ void CConsole::NoteWidget(const std::string& a_path, const std::string& a_text)
     }
 }
 
+void CConsole::LeaveWidget(const std::string& a_path) const
+{
+    const WidgetPtr widget = Find(a_path);
+    const auto leave = [](const WidgetPtr& a_widget)
+    {
+        if (a_widget)
+        {
+            a_widget->MouseEvent(Gfx::Events::Leave, 0, {-1, -1}, false);
+        }
+    };
+    const auto leaveRows = [&](auto* a_list)
+    {
+        for (std::size_t i = 0; a_list != nullptr && i < a_list->Items().size(); ++i)
+        {
+            leave(Find(a_path + ':' + a_list->Items()[i].id));
+        }
+    };
+    leave(widget);
+    leaveRows(dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()));
+    leaveRows(dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()));
+}
+
 bool CConsole::SetBack(const std::string& a_path, const SWidget& a_first)
 {
     const WidgetPtr widget = Find(a_path);
@@ -436,6 +458,11 @@ void CConsole::BringTo(const SState& a_state)
     ForgetFormerWidgets();
     Notify("Theme", k_home.theme);
     Notify("Language", k_home.language);
+    // Whoever destroys a widget ends what the pointer is at without a word to anybody, and a button keeps its look.
+    for (const auto& [path, first] : m_first)
+    {
+        LeaveWidget(path);
+    }
     for (int pass = 0;; ++pass)
     {
         bool isAsFirst = true;

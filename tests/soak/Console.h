@@ -95,6 +95,7 @@ private:
     /// Keeps how the widgets of an element's children are.
     void Note(const Core::IO::XMLNode& a_element, const std::string& a_path);
     void NoteWidget(const std::string& a_path, const std::string& a_text);
+    void LeaveWidget(const std::string& a_path) const;
     /// True if there was nothing to set back.
     bool SetBack(const std::string& a_path, const SWidget& a_first);
     static void ReadLayouts(bool a_remake);

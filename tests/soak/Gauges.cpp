@@ -84,7 +84,8 @@ namespace
 {
 
 /// Below which there is nothing to say of a trend.
-constexpr std::size_t k_fewest = 40;
+constexpr std::size_t k_fewest = 12;
+constexpr int k_roundsPerValue = 4;
 
 struct SLine
 {
@@ -142,6 +143,15 @@ long Textures()
     return s_textures;
 }
 
+void CTrend::Add(double a_value)
+{
+    if (m_rounds++ % k_roundsPerValue == 0)
+    {
+        m_values.push_back(a_value);
+    }
+    m_values.back() = std::min(m_values.back(), a_value);
+}
+
 bool CTrend::Growth(double& a_growth, double& a_error) const
 {
     const std::span<const double> values = WithoutStart(m_values);
@@ -150,8 +160,8 @@ bool CTrend::Growth(double& a_growth, double& a_error) const
         return false;
     }
     const SLine line = Fit(values);
-    a_growth = line.growth;
-    a_error = line.error;
+    a_growth = line.growth / k_roundsPerValue;
+    a_error = line.error / k_roundsPerValue;
     return true;
 }
 
@@ -165,7 +175,8 @@ std::string CTrend::Fault() const
     }
     const std::span<const double> values = WithoutStart(m_values);
     const std::size_t half = values.size() / 2;
-    const bool isSteady = Fit(values.first(half)).growth > m_limit / 2 && Fit(values.last(half)).growth > m_limit / 2;
+    const double least = m_limit * k_roundsPerValue / 2;
+    const bool isSteady = Fit(values.first(half)).growth > least && Fit(values.last(half)).growth > least;
     return isSteady ? "growing: " + Summary() : "";
 }
 

@@ -26,13 +26,14 @@ int Descriptors();
 /// Textures that OpenGL has been asked for and not been asked to delete.
 long Textures();
 
-/// A number that is read once in each round, and shouldn't grow.
+/// A number that is read once in each round, and shouldn't grow. Of a few rounds the least counts: now and then what is
+/// to go is still held by something when the round ends, while what is lost is lost in all of them.
 class CTrend
 {
 public:
     CTrend(std::string a_name, double a_limit) : m_name(std::move(a_name)), m_limit(a_limit) {}
 
-    void Add(double a_value) { m_values.push_back(a_value); }
+    void Add(double a_value);
 
     /// How much it grows in a round, by the least squares of all but the first rounds, in which caches fill; and how
     /// much of that can be chance. False if there are too few rounds to tell.
@@ -48,6 +49,7 @@ public:
 private:
     std::string m_name;
     double m_limit;
+    int m_rounds = 0;
     std::vector<double> m_values;
 };
 
