@@ -331,11 +331,12 @@ private:
     void Summarise(double a_minutes)
     {
         char text[240];
-        std::snprintf(text, sizeof text,
-                      "soak: %.1f minutes, %d rounds, %ld steps, %ld events, %ld layouts applied; heap %.0f, "
-                      "textures %ld, descriptors %d",
-                      a_minutes, m_rounds, m_steps, m_console.Hands().Events(), m_console.Applied(),
-                      static_cast<double>(Heap().bytes), Textures(), Descriptors());
+        std::snprintf(
+            text, sizeof text,
+            "soak: %.1f minutes, %d rounds, %ld steps, %ld events, %ld layouts applied; heap %.1f MB (with the "
+            "driver's %.1f), textures %ld, descriptors %d",
+            a_minutes, m_rounds, m_steps, m_console.Hands().Events(), m_console.Applied(),
+            static_cast<double>(Heap().bytes) / 1e6, WholeHeap() / 1e6, Textures(), Descriptors());
         Say(text);
     }
 
