@@ -238,6 +238,11 @@ TEST_F(Manager3DTest, AReloadRenewsTexturesAndLeavesEntitiesTheirGeometry)
     ExpectLog("Models.xml");
     EXPECT_EQ(Colours(manager.GetModelVariant("C", "M", "v", "")), (std::array{Lime, Black}));
     data.Write("Models/Models.xml", square);
+    data.Write("Models/S/M.obj", "v 0 0 0\nf 1/1/1 1/");
+    EXPECT_FALSE(manager.Reload(error)) << "a face that would end the process";
+    EXPECT_NE(error.find("M.obj:2:"), std::string::npos) << error;
+    EXPECT_EQ(Colours(manager.GetModelVariant("C", "M", "v", "")), (std::array{Lime, Black}));
+    data.Write("Models/S/M.obj", k_square);
     data.Write("Models/S/V.png", "");
     EXPECT_TRUE(manager.Reload(error));
     ExpectLog("V.png is damaged");

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <limits>
+#include <list>
 #include <type_traits>
 #include <utility>
 
@@ -34,6 +35,33 @@ void Report(const std::string& a_format, const Args&... a_arguments)
 {
     Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(Core::Logging::elMessage, "C3DManager", a_format,
                                                                        a_arguments...);
+}
+
+bool IsBinary(const std::string& a_path)
+{
+    return a_path.find(".bobj") != std::string::npos;
+}
+
+/// Where the first text model of a table has a face that can't be used, which may be one that ends the process; empty
+/// if there is none.
+std::string FirstBadModel(const Core::IO::XMLDocument& a_table, const std::string& a_basePath)
+{
+    const Core::IO::XMLNode* const categories = a_table.Section("Models");
+    const std::list<Core::IO::XMLNode> none;
+    for (const Core::IO::XMLNode& category : categories != nullptr ? categories->Children() : none)
+    {
+        for (const Core::IO::XMLNode& model : category.Children())
+        {
+            const std::string file = model.Attribute("file", "");
+            const std::string path = a_basePath + category.Attribute("path", "") + '/' + file;
+            const std::string fault = IsBinary(path) || file.empty() ? "" : CObjectLoader::FirstBadFace(path);
+            if (!fault.empty())
+            {
+                return path + ':' + fault;
+            }
+        }
+    }
+    return {};
 }
 
 /// OpenGL to itself, with texturing and nothing else switched on, for as long as it lives.
@@ -131,6 +159,11 @@ bool C3DManager::Reload(std::string& a_error)
     if (!document.Parse(m_basePath + "Models.xml"))
     {
         a_error = document.ErrorText();
+        return false;
+    }
+    a_error = FirstBadModel(document, m_basePath);
+    if (!a_error.empty())
+    {
         return false;
     }
     for (const auto& [categoryId, models] : m_categories)
@@ -266,8 +299,8 @@ const GeometryPtrList& C3DManager::LoadGeometry(const std::string& a_path)
     const auto [entry, isNew] = m_geometryCache.try_emplace(a_path);
     if (isNew)
     {
-        const bool isBinary = a_path.find(".bobj") != std::string::npos;
-        entry->second = isBinary ? CBObjectLoader::LoadObjectFile(a_path) : CObjectLoader::LoadObjectFile(a_path);
+        entry->second =
+            IsBinary(a_path) ? CBObjectLoader::LoadObjectFile(a_path) : CObjectLoader::LoadObjectFile(a_path);
     }
     return entry->second;
 }
