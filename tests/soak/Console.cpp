@@ -243,6 +243,10 @@ void CConsole::LeaveWidget(const std::string& a_path) const
         {
             a_widget->MouseEvent(Gfx::Events::Leave, 0, {-1, -1}, false);
         }
+        if (a_widget && a_widget->Selected())
+        {
+            a_widget->Deselect();
+        }
     };
     const auto leaveRows = [&](auto* a_list)
     {
@@ -254,6 +258,15 @@ void CConsole::LeaveWidget(const std::string& a_path) const
     leave(widget);
     leaveRows(dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()));
     leaveRows(dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()));
+    if (dynamic_cast<Gfx::Widgets::CNumericEditBox*>(widget.Get()) != nullptr)
+    {
+        // Its fields lie side by side.
+        const CPoint corner = widget->AbsoluteTopLeft();
+        for (int x = 0; x < widget->Width(); x += 10)
+        {
+            leave(widget->FindIntersectingChild({corner.X() + x, corner.Y() + widget->Height() / 2, 1, 1}));
+        }
+    }
 }
 
 bool CConsole::SetBack(const std::string& a_path, const SWidget& a_first)
@@ -458,11 +471,6 @@ void CConsole::BringTo(const SState& a_state)
     ForgetFormerWidgets();
     Notify("Theme", k_home.theme);
     Notify("Language", k_home.language);
-    // Whoever destroys a widget ends what the pointer is at without a word to anybody, and a button keeps its look.
-    for (const auto& [path, first] : m_first)
-    {
-        LeaveWidget(path);
-    }
     for (int pass = 0;; ++pass)
     {
         bool isAsFirst = true;
@@ -478,6 +486,12 @@ void CConsole::BringTo(const SState& a_state)
         {
             Fail("properties can't be set back");
         }
+    }
+    // Whoever destroys a widget ends what pointer and keyboard are at without a word to anybody, and a button or a
+    // field keeps its look.
+    for (const auto& [path, first] : m_first)
+    {
+        LeaveWidget(path);
     }
     Notify("Theme", a_state.theme);
     Notify("Language", a_state.language);
