@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <map>
+#include <set>
 #include <string_view>
 
 namespace Soak
@@ -88,6 +90,9 @@ void Compare(const CPicture& a_picture, const CPicture& a_expected, const std::s
          std::to_string(left) + ',' + std::to_string(top) + ' ' + std::to_string(right - left) + " x " +
          std::to_string(bottom - top) + "; see soak-is.png and soak-should-be.png in " + PictureFolder());
 }
+
+/// The actors of all screens that there have been and are, with their names.
+std::map<const void*, std::string> s_alive;
 
 std::size_t Look(const CPicture& a_picture)
 {
@@ -169,6 +174,12 @@ void CConsole::StartProgram()
         for (const WidgetPtr& root : Layouts().RetrieveLayout(layout))
         {
             m_roots.emplace(root->Name(), root);
+            if (ClutterActor* const actor = root->GetActor();
+                actor != nullptr && s_alive.emplace(actor, root->Name()).second)
+            {
+                g_object_weak_ref(
+                    G_OBJECT(actor), [](gpointer, GObject* a_actor) { s_alive.erase(a_actor); }, nullptr);
+            }
         }
     }
 }
@@ -422,12 +433,24 @@ void CConsole::ReadLayouts(bool a_remake)
     CStage::Widgets().GarbageCollect();
 }
 
-void CConsole::ForgetFormerWidgets()
+void CConsole::ForgetFormerWidgets() const
 {
     // They stay until layouts are read again, and those that another one of them holds for once more.
     for (int i = 0; i < 2; ++i)
     {
         ReadLayouts(false);
+    }
+    std::set<const void*> present;
+    for (const auto& [name, root] : m_roots)
+    {
+        present.insert(root->GetActor());
+    }
+    for (const auto& [actor, name] : s_alive)
+    {
+        if (present.count(actor) == 0)
+        {
+            Fail("a former " + name + " is still there");
+        }
     }
 }
 
@@ -527,16 +550,6 @@ void CConsole::Rebuild()
     CloseBoxes();
     m_program->Leave();
     m_program.reset();
-    static int s_alive = 0;
-    for (const auto& [name, root] : m_roots)
-    {
-        if (ClutterActor* const actor = root->GetActor())
-        {
-            ++s_alive;
-            g_object_weak_ref(
-                G_OBJECT(actor), [](gpointer, GObject*) { --s_alive; }, nullptr);
-        }
-    }
     m_roots.clear();
     for (const WidgetPtr& widget : CStage::Widgets().TopLevelWidgets())
     {
@@ -545,10 +558,6 @@ void CConsole::Rebuild()
     ReadLayouts(true);
     ForgetFormerWidgets();
     CStage::Settle();
-    if (s_alive != 0)
-    {
-        Fail(std::to_string(s_alive) + " screens outlive their widgets");
-    }
     StartProgram();
 }
 

@@ -71,7 +71,7 @@ public:
     /// beginning, nobody touching anything.
     void BringTo(const SState& a_state);
 
-    /// Ends the program and all widgets, fails if one of them outlives that, and makes everything anew.
+    /// Ends the program and all widgets, and makes everything anew.
     void Rebuild();
 
     /// Compares what the last frames have left on the screen with all of it painted anew.
@@ -99,7 +99,8 @@ private:
     /// True if there was nothing to set back.
     bool SetBack(const std::string& a_path, const SWidget& a_first);
     static void ReadLayouts(bool a_remake);
-    static void ForgetFormerWidgets();
+    /// Fails if one is still there afterwards.
+    void ForgetFormerWidgets() const;
     void CloseBoxes();
     void TapOn(const std::string& a_path);
     [[nodiscard]] GfxTest::WidgetPtr Find(const std::string& a_path) const;
