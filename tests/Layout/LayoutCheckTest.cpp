@@ -42,6 +42,7 @@ TEST(LayoutCheckTest, EachFaultIsFoundWhereItStands)
         {"<Button id='b' y='0'/>", "2:1: Button needs a place: x"},
         {"<Button id='b' x='0' y='-1'/>", "2:1: y is negative"},
         {" <Button id='b' x='0' y='0' widht='9'/>", "2:2: Button has no attribute widht"},
+        {"<ProgressBar id='p' x='0' y='0' max='50' current='51'/>", "2:1: current lies outside of min and max"},
         {"<Button id='b' x='0' y='0' width='9px'/>", "2:1: width=\"9px\" is no integer"},
         {"<Button id='b' x='0' y='0' visible='true'/>", "2:1: visible=\"true\" is neither True nor False"},
         {"<Image id='i' x='0' y='0'><Font/></Image>", "2:27: Image has no use for Font"},

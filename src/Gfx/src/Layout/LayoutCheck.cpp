@@ -153,7 +153,28 @@ private:
                     Report(node, "there is no keyboard layout \"" + keyboard + '"');
                 }
                 CheckNode(node, *element);
+                if (node.Name() == "ProgressBar")
+                {
+                    CheckRange(node, *element);
+                }
             }
+        }
+    }
+
+    /// A bar whose value lies outside of its bounds would end the process.
+    void CheckRange(const XMLNode& a_node, const SNodeInfo& a_info)
+    {
+        const auto number = [&](const char* a_name)
+        {
+            const SAttributeInfo* const attribute = FindNamed(a_info.attributes, a_name);
+            const std::string otherwise = attribute != nullptr ? attribute->defaultText : "";
+            return Core::LexicalCast<int, std::string>(a_node.Attribute(a_name, otherwise),
+                                                       Core::LexicalCast<int, std::string>(otherwise, 0));
+        };
+        const int current = number("current");
+        if (current < number("min") || current > number("max"))
+        {
+            Report(a_node, "current lies outside of min and max");
         }
     }
 

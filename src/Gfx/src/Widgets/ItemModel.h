@@ -22,8 +22,8 @@ template <typename ItemT>
 class CItemModel
 {
 public:
-    /// What tells an item from all others for as long as it is in the list, however the list changes around it. Keys
-    /// rise along the list.
+    /// What tells an item from all others that are or were in the list, however the list changes around it. Keys rise
+    /// along the list.
     using Key = std::int64_t;
 
     [[nodiscard]] const std::vector<ItemT>& Items() const { return m_items; }
@@ -57,9 +57,8 @@ public:
     /// Behind the last item, or before the first.
     void Add(const ItemT& a_item, bool a_atEnd)
     {
-        const Key key = m_keys.empty() ? 0 : a_atEnd ? m_keys.back() + 1 : m_keys.front() - 1;
         m_items.insert(a_atEnd ? m_items.end() : m_items.begin(), a_item);
-        m_keys.insert(a_atEnd ? m_keys.end() : m_keys.begin(), key);
+        m_keys.insert(a_atEnd ? m_keys.end() : m_keys.begin(), a_atEnd ? m_nextBehind++ : m_nextBefore--);
         Enter(a_atEnd ? m_items.size() - 1 : 0);
     }
 
@@ -79,7 +78,7 @@ public:
         Enter(a_index);
     }
 
-    /// Forgets all items, and their keys.
+    /// Forgets all items.
     void Clear()
     {
         m_items.clear();
@@ -171,6 +170,8 @@ private:
     std::vector<ItemT> m_items;
     /// Of the items, in the same order.
     std::vector<Key> m_keys;
+    Key m_nextBefore = -1;
+    Key m_nextBehind = 0;
     /// The keys by the hash values of the ids: a second copy of the ids themselves would take more room.
     std::unordered_multimap<std::size_t, Key> m_index;
     std::set<Key> m_selected;
