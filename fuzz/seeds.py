@@ -72,8 +72,8 @@ def png(width, height, colour_type, depth=8, interlaced=0):
     channels = {0: 1, 2: 3, 3: 1, 4: 2, 6: 4}[colour_type]
     row = b"\0" + bytes(range(1, 1 + width * channels * depth // 8))
     palette = chunk(b"PLTE", bytes(range(48))) if colour_type == 3 else b""
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">2I5B", width, height, depth, colour_type, 0, 0, interlaced))
-            + palette + chunk(b"IDAT", zlib.compress(row * height)) + chunk(b"IEND", b""))
+    head = struct.pack(">2I5B", width, height, depth, colour_type, 0, 0, interlaced)
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) + palette + chunk(b"IDAT", zlib.compress(row * height)) + chunk(b"IEND", b""))
 
 
 def pngs():
@@ -115,7 +115,8 @@ def styles():
             root.extend(node if node.tag == "Gfx" else [node])
         return xml.tostring(root)
 
-    theme, textures = (read(TESTS / path) for path in ("Configuration/ThemeConfig.xml", "TextureMaps/TextureConfig.xml"))
+    theme = read(TESTS / "Configuration/ThemeConfig.xml")
+    textures = read(TESTS / "TextureMaps/TextureConfig.xml")
     yield joined(read(TESTS / "Configuration/GfxConfig.xml"), theme, textures)
     for part in cut(DATA / "Configuration/GfxConfig.xml", 1):
         yield joined(part, theme, textures)
