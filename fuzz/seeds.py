@@ -73,7 +73,8 @@ def png(width, height, colour_type, depth=8, interlaced=0):
     row = b"\0" + bytes(range(1, 1 + width * channels * depth // 8))
     palette = chunk(b"PLTE", bytes(range(48))) if colour_type == 3 else b""
     head = struct.pack(">2I5B", width, height, depth, colour_type, 0, 0, interlaced)
-    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) + palette + chunk(b"IDAT", zlib.compress(row * height)) + chunk(b"IEND", b""))
+    pixels = chunk(b"IDAT", zlib.compress(row * height))
+    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) + palette + pixels + chunk(b"IEND", b"")
 
 
 def pngs():
