@@ -518,6 +518,15 @@ void CConsole::BringTo(const SState& a_state)
     }
     Notify("Theme", a_state.theme);
     Notify("Language", a_state.language);
+    for (const auto& [name, root] : m_roots)
+    {
+        // A change of style lays new keys over those that there are, which go with the next page.
+        if (auto* const keyboard = dynamic_cast<Gfx::Widgets::COnScreenKeyboard*>(root.Get()))
+        {
+            keyboard->Cleanup();
+            keyboard->Buildup();
+        }
+    }
     // The bell would flash otherwise.
     Notify("Acknowledge", "Tank");
     const std::string page = a_state.page;
