@@ -5,8 +5,7 @@ foreach(package IN LISTS CPACK_PACKAGE_FILES)
     execute_process(COMMAND dpkg-deb --raw-extract "${package}" "${folder}" COMMAND_ERROR_IS_FATAL ANY)
 
     # Folders that an installation makes on its way have got what the umask left.
-    file(CHMOD_RECURSE "${folder}" DIRECTORY_PERMISSIONS
-        OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+    execute_process(COMMAND find "${folder}" -type d -exec chmod 755 "{}" + COMMAND_ERROR_IS_FATAL ANY)
 
     # The trigger calls ldconfig once for all packages that are being installed.
     file(REMOVE "${folder}/DEBIAN/postinst" "${folder}/DEBIAN/postrm")

@@ -1,5 +1,7 @@
 #include "support/Png.h"
 
+#include "support/Valgrind.h"
+
 #include <png.h>
 
 #include <utility>
@@ -9,6 +11,7 @@ namespace GfxTest
 
 CPicture DecodePng(const std::string& a_file)
 {
+    TakePixelsAsDefined(a_file.data(), a_file.size());
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     if (png_image_begin_read_from_memory(&image, a_file.data(), a_file.size()) == 0)

@@ -7,6 +7,7 @@
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "support/TemporaryDirectory.h"
+#include "support/Valgrind.h"
 
 #include <GL/gl.h>
 #include <clutter/clutter.h>
@@ -16,10 +17,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
-
-#if __has_include(<valgrind/memcheck.h>)
-#    include <valgrind/memcheck.h>
-#endif
 
 namespace GfxTest
 {
@@ -77,10 +74,7 @@ CPicture ReadBuffer()
     glPixelStorei(GL_PACK_SKIP_ROWS, 0);
     glPixelStorei(GL_PACK_SKIP_PIXELS, 0);
     glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, bottomUp.data());
-#ifdef VALGRIND_MAKE_MEM_DEFINED
-    // Valgrind takes over the renderer's word for pixels that it has computed with undefined neighbours.
-    VALGRIND_MAKE_MEM_DEFINED(bottomUp.data(), bottomUp.size());
-#endif
+    TakePixelsAsDefined(bottomUp.data(), bottomUp.size());
     std::vector<std::uint8_t> pixels;
     pixels.reserve(bottomUp.size());
     for (int y = height - 1; y >= 0; --y)
