@@ -316,12 +316,12 @@ protected:
     /// All that a widget can be set to.
     void Change(const SNode& a_node)
     {
-        static constexpr int priorities[] = {0, 1, 99, 100, 100, 100, 10000};
+        static constexpr int priorities[] = {-1, 0, 1, 99, 100, 100, 100, 10000};
         CRecordingWidget& widget = *a_node.widget;
         const int greatest = a_node.parent ? 70 : 120;
         widget.Move({Random(-10, 50), Random(-10, 50)});
         widget.Resize(Random(0, greatest), Random(0, greatest));
-        widget.MousePriority(priorities[Random(0, 6)]);
+        widget.MousePriority(priorities[Random(0, 7)]);
         widget.SetShowHide(!OneIn(8));
         OneIn(8) ? widget.Disable() : widget.Enable();
         widget.Modal(OneIn(20));
