@@ -3,7 +3,6 @@
 #include "Gfx/Gfx.h"
 #include "support/StageTest.h"
 
-#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -150,18 +149,35 @@ TEST_F(PropertiesTest, UpdatesAndEventsEndWithAControlThatTheyDestroy)
         Core::Functor<void, CWidget*, Gfx::Events::EMouseEvent, int, const Gfx::Common::CPoint&, bool>::Make(
             [&](CWidget* a_widget, Gfx::Events::EMouseEvent, int, const Gfx::Common::CPoint&, bool)
             { destroyTopLevelOf(a_widget); }));
-    const std::array<std::function<void(CWidget&)>, 3> ways{
-        [](CWidget& a_control) { a_control.UpdateStyle(); },
-        [&](CWidget& a_control)
+    Core::Functor<bool, CWidget*, int, int>::Callable onResize(
+        [&](CWidget* a_widget, int, int)
         {
-            a_control.SetClickEventHandler(onClick.get());
-            a_control.MouseEvent(Gfx::Events::FirstClick, 1, {5, 5}, false);
-        },
-        [&](CWidget& a_control)
-        {
-            a_control.SetMouseEventHandler(onMouse.get());
-            a_control.MouseEvent(Gfx::Events::FirstDown, 1, {5, 5}, false);
-        }};
+            destroyTopLevelOf(a_widget);
+            return true;
+        });
+    std::vector<std::function<void(CWidget&)>> ways{[](CWidget& a_control) { a_control.UpdateStyle(); },
+                                                    [&](CWidget& a_control)
+                                                    {
+                                                        a_control.SetClickEventHandler(onClick.get());
+                                                        a_control.MouseEvent(Gfx::Events::FirstClick, 1, {5, 5}, false);
+                                                    },
+                                                    [&](CWidget& a_control)
+                                                    {
+                                                        a_control.SetResizeEventHandler(&onResize);
+                                                        // A message box keeps the size that it was made with.
+                                                        a_control.Type() == "MessageBox" ? destroyTopLevelOf(&a_control)
+                                                                                         : a_control.Resize(70, 60);
+                                                    }};
+    using namespace Gfx::Events;
+    for (const EMouseEvent event : {Move, FirstDown, FirstUp, FirstClick, Enter, Leave})
+    {
+        ways.emplace_back(
+            [&onMouse, event](CWidget& a_control)
+            {
+                a_control.SetMouseEventHandler(onMouse.get());
+                a_control.MouseEvent(event, 1, {5, 5}, false);
+            });
+    }
     for (const auto& way : ways)
     {
         std::vector<WidgetPtr> controls = Controls();
@@ -172,9 +188,10 @@ TEST_F(PropertiesTest, UpdatesAndEventsEndWithAControlThatTheyDestroy)
             // By a plain pointer, so that nobody but the manager holds it.
             CWidget& control = *controls.back();
             control.AddChild(WidgetPtr(new CFatalChild(deaths, destroyTopLevelOf)));
+            const std::string type = control.Type();
             controls.pop_back();
             way(control);
-            EXPECT_EQ(deaths, 1);
+            EXPECT_EQ(deaths, 1) << type << ", " << &way - ways.data();
         }
     }
 }

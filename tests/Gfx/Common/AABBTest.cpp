@@ -86,16 +86,6 @@ TEST(AABBTest, LeftAndTopMoveWhileRightAndBottomResize)
     EXPECT_EQ(box, CAABB(15, 26, 1, 2));
 }
 
-TEST(AABBTest, ABoxWithoutSizeIsAPoint)
-{
-    const CAABB box(5, 5, 0, 0);
-    EXPECT_TRUE(box.Contains(CPoint(5, 5)));
-    EXPECT_FALSE(box.Contains(CPoint(6, 5)));
-    EXPECT_TRUE(box.Intersects(CAABB(0, 0, 5, 5)));
-    EXPECT_TRUE(CAABB(0, 0, 5, 5).Contains(box));
-    EXPECT_EQ(box.IntersectionArea(CAABB(0, 0, 10, 10)), 0);
-}
-
 TEST(AABBTest, ANegativeSizeReachesAsFarTheOtherWay)
 {
     const CAABB turned(10, 10, -4, -3);

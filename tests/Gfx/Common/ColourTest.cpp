@@ -62,33 +62,6 @@ TEST(ColourTest, NoLetterAndNoValueOfTheTableHasChanged)
     EXPECT_EQ(hash, 0xb0f8c4a3605d895aU);
 }
 
-TEST(ColourTest, OddSpellingsAndValuesAreKept)
-{
-    struct SCase
-    {
-        const char* name;
-        CColour colour;
-        CColour constant;
-    };
-    const SCase cases[] = {
-        {"AliceBlue", {240, 248, 255, 255}, Colours::AliceBlue},
-        {"Darkorange", {255, 140, 0, 255}, Colours::Darkorange},
-        {"LightGrey", {211, 211, 211, 255}, Colours::LightGrey},
-        {"DarkGray", {169, 169, 169, 255}, Colours::DarkGray},
-        {"HoneyDew", {240, 255, 240, 255}, Colours::HoneyDew},
-        {"LightGoldenRodYellow", {250, 250, 210, 255}, Colours::LightGoldenRodYellow},
-        {"MediumAquaMarine", {102, 205, 170, 255}, Colours::MediumAquaMarine},
-        {"MediumPurple", {147, 112, 216, 255}, Colours::MediumPurple},
-        {"PaleVioletRed", {216, 112, 147, 255}, Colours::PaleVioletRed},
-        {"YellowGreen", {154, 205, 50, 255}, Colours::YellowGreen},
-    };
-    for (const SCase& current : cases)
-    {
-        EXPECT_EQ(ColourFromString(current.name), current.colour) << current.name;
-        EXPECT_EQ(StringFromColour(current.constant), current.name);
-    }
-}
-
 TEST(ColourTest, AnUnknownNameIsWhite)
 {
     for (const char* name :

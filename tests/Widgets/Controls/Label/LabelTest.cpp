@@ -151,7 +151,7 @@ TEST_F(LabelTest, LinesAreBrokenAtTheWidthOnlyWithWrap)
     EXPECT_EQ(growing->Height(), narrow + 8);
 }
 
-TEST_F(LabelTest, PropertiesGoByNameAndExactText)
+TEST_F(LabelTest, MarkupIsParsedOrShown)
 {
     const auto label = Add({.text = "<b>x</b>"});
     EXPECT_EQ(ShownText(*label), "<b>x</b>");
@@ -161,17 +161,6 @@ TEST_F(LabelTest, PropertiesGoByNameAndExactText)
     label->SetProperty("ParseMarkup", "yes");
     EXPECT_EQ(label->GetProperty("ParseMarkup", ""), "False");
     EXPECT_EQ(ShownText(*label), "<b>x</b>");
-    label->SetProperty("Background", "True");
-    EXPECT_EQ(label->GetProperty("Background", ""), "True");
-    label->SetProperty("Background", "true");
-    EXPECT_EQ(label->GetProperty("Background", ""), "False");
-    label->SetProperty("BackgroundTexture", "Icon");
-    EXPECT_EQ(label->GetProperty("BackgroundTexture", ""), "Icon");
-    label->SetProperty("Text", "new");
-    EXPECT_EQ(label->Text(), "new");
-    label->SetProperty("Visible", "False");
-    EXPECT_FALSE(label->Visible());
-    EXPECT_EQ(label->GetProperty("None", "none"), "none");
 }
 
 TEST_F(LabelTest, TheThemeChangesColourAndBackground)
