@@ -155,19 +155,20 @@ TEST_F(PropertiesTest, UpdatesAndEventsEndWithAControlThatTheyDestroy)
             destroyTopLevelOf(a_widget);
             return true;
         });
-    std::vector<std::function<void(CWidget&)>> ways{[](CWidget& a_control) { a_control.UpdateStyle(); },
-                                                    [&](CWidget& a_control)
-                                                    {
-                                                        a_control.SetClickEventHandler(onClick.get());
-                                                        a_control.MouseEvent(Gfx::Events::FirstClick, 1, {5, 5}, false);
-                                                    },
-                                                    [&](CWidget& a_control)
-                                                    {
-                                                        a_control.SetResizeEventHandler(&onResize);
-                                                        // A message box keeps the size that it was made with.
-                                                        a_control.Type() == "MessageBox" ? destroyTopLevelOf(&a_control)
-                                                                                         : a_control.Resize(70, 60);
-                                                    }};
+    std::vector<std::function<void(CWidget&)>> ways{
+        [](CWidget& a_control) { a_control.UpdateStyle(); },
+        [&](CWidget& a_control)
+        {
+            a_control.SetClickEventHandler(onClick.get());
+            a_control.MouseEvent(Gfx::Events::FirstClick, 1, {5, 5}, false);
+        },
+        [&](CWidget& a_control)
+        {
+            a_control.SetResizeEventHandler(&onResize);
+            // A message box keeps the size that it was made with.
+            a_control.Type() == "MessageBox" ? destroyTopLevelOf(&a_control) : a_control.Resize(70, 60);
+        },
+    };
     using namespace Gfx::Events;
     for (const EMouseEvent event : {Move, FirstDown, FirstUp, FirstClick, Enter, Leave})
     {

@@ -100,18 +100,4 @@ TEST_F(CheckBoxTest, AClickTogglesBeforeItsHandlerRunsUnlessReadOnly)
     box->SetClickEventHandler(nullptr);
 }
 
-TEST_F(CheckBoxTest, AHandlerMayDestroyTheBox)
-{
-    auto box = Add();
-    CWidget* const raw = box.Get();
-    ForgetTopLevels();
-    box.Reset();
-    Core::Functor<void, CWidget*, int, const CPoint&, bool>::Callable handler(
-        [](CWidget* a_widget, int, const CPoint&, bool) { Widgets().DestroyWidget(a_widget); });
-    raw->SetClickEventHandler(&handler);
-    Click(150, 120);
-    EXPECT_FALSE(Widgets().FindWidget("box", nullptr));
-    EXPECT_EQ(ShownExtent(CColour(10, 200, 100, 255)), "none");
-}
-
 } // namespace
