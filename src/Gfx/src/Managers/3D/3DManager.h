@@ -60,8 +60,8 @@ public:
 
     /// Reads the table that was last initialised again, and what it names, in place of all models that are known.
     /// Entities that are there keep their geometry, and take the new pixels of their texture if it still has a name;
-    /// frames have to be told. True, with nothing done, before Initialise. If the table can't be read, or a text file of
-    /// its models has a face that is no good, all stays as it was, and a_error says where the fault is.
+    /// frames have to be told. True, with nothing done, before Initialise. If the table can't be read, or a text file
+    /// of its models has a face that is no good, all stays as it was, and a_error says where the fault is.
     [[nodiscard]] bool Reload(std::string& a_error);
 
     /// A new entity of a model in its own colours. Its name is a_name, or "category:model" if that is empty. Null if
