@@ -53,9 +53,11 @@ CLayoutSteps::~CLayoutSteps()
             Widgets().DestroyWidget(widget.Get());
         }
     }
-    while (const WidgetPtr box = Widgets().FindWidget("WidgetMgrMessage", nullptr))
+    // What the end of one selects may answer with another.
+    constexpr int mostBoxes = 100;
+    for (int i = 0; i < mostBoxes; ++i)
     {
-        Widgets().DestroyWidget(box.Get());
+        Widgets().DestroyWidget(Widgets().FindWidget("WidgetMgrMessage", nullptr).Get());
     }
 }
 
