@@ -141,6 +141,8 @@ void GfxFuzz::Try(std::string_view a_input)
             Use(steps.Do(step));
         }
     }
+    // As somebody who writes the file would have it made anew.
+    Load(a_input);
     CStage::Advance(1000);
     CStage::Widgets().Idle();
     CStage::Widgets().UpdateStyle();

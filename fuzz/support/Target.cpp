@@ -34,6 +34,7 @@ GLogWriterOutput OnGLibMessage(GLogLevelFlags a_level, const GLogField* a_fields
 /// Stands in place of the library's own, which ends the process: that is what the library does with some of the data
 /// that come here, on purpose, and no finding. An exception leaves the library in the state that an input without that
 /// part of it would have left, and is cheap enough for thousands of inputs a second, which a process for each is not.
+/// What the library counts only while it does something must be counted by objects, for this to be true.
 void Core::detail::FailAssertion(const char*, const char*, int)
 {
     throw SFailedAssertion();

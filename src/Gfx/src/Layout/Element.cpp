@@ -37,6 +37,24 @@ struct SRun
     bool isEndless = false;
 };
 
+SRun s_run;
+
+/// A list that runs.
+class CNested
+{
+public:
+    CNested() { ++s_run.depth; }
+    ~CNested()
+    {
+        if (--s_run.depth == 0)
+        {
+            s_run = {};
+        }
+    }
+    CNested(const CNested&) = delete;
+    CNested& operator=(const CNested&) = delete;
+};
+
 template <typename... Args>
 void Report(const std::string& a_format, const Args&... a_arguments)
 {
@@ -109,9 +127,8 @@ CElement::WidgetPtr CElement::Widget()
 
 bool CElement::ExecuteActions(ActionList a_actions)
 {
-    static SRun s_run;
+    const CNested nested;
     bool goesOn = true;
-    ++s_run.depth;
     for (std::size_t i = 0; i < a_actions.size() && goesOn && !s_run.isEndless; ++i)
     {
         if (s_run.depth > SRun::k_deepest || ++s_run.actions > SRun::k_longest)
@@ -123,10 +140,6 @@ bool CElement::ExecuteActions(ActionList a_actions)
         {
             goesOn = a_actions[i]->Execute(*this);
         }
-    }
-    if (--s_run.depth == 0)
-    {
-        s_run = {};
     }
     return goesOn;
 }
