@@ -85,7 +85,7 @@ namespace
 
 /// Below which there is nothing to say of a trend.
 constexpr std::size_t k_fewest = 12;
-constexpr int k_roundsPerValue = 4;
+constexpr int k_roundsPerValue = 2;
 
 struct SLine
 {
@@ -174,9 +174,12 @@ std::string CTrend::Fault() const
         return {};
     }
     const std::span<const double> values = WithoutStart(m_values);
-    const std::size_t half = values.size() / 2;
-    const double least = m_limit * k_roundsPerValue / 2;
-    const bool isSteady = Fit(values.first(half)).growth > least && Fit(values.last(half)).growth > least;
+    const std::size_t third = values.size() / 3;
+    bool isSteady = true;
+    for (const std::size_t start : {std::size_t{0}, third, values.size() - third})
+    {
+        isSteady = isSteady && Fit(values.subspan(start, third)).growth > m_limit * k_roundsPerValue / 2;
+    }
     return isSteady ? "growing: " + Summary() : "";
 }
 

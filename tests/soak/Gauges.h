@@ -39,7 +39,7 @@ public:
     /// much of that can be chance. False if there are too few rounds to tell.
     [[nodiscard]] bool Growth(double& a_growth, double& a_error) const;
 
-    /// Empty, or what is wrong: it grows by more than the limit even if chance is left out, in both halves of the
+    /// Empty, or what is wrong: it grows by more than the limit even if chance is left out, and in each third of the
     /// rounds that count, so that one more cache which fills late isn't taken for a leak.
     [[nodiscard]] std::string Fault() const;
 
