@@ -252,7 +252,10 @@ void CConsole::LeaveWidget(const std::string& a_path) const
     {
         if (a_widget)
         {
-            a_widget->MouseEvent(Gfx::Events::Leave, 0, {-1, -1}, false);
+            for (const auto event : {Gfx::Events::FirstUp, Gfx::Events::Leave})
+            {
+                a_widget->MouseEvent(event, 0, {-1, -1}, false);
+            }
         }
         if (a_widget && a_widget->Selected())
         {

@@ -8,7 +8,7 @@ namespace Soak
 {
 
 /// Takes the process's output streams away from what is tested, so that every line of it can be looked at, and prints
-/// the last steps if the process crashes, ends by itself, or does nothing for a minute.
+/// the last steps if the process crashes, ends by itself, or does nothing for three minutes.
 void StartReport(unsigned long a_seed);
 
 /// From now on the process may end.
