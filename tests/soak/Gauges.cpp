@@ -86,6 +86,9 @@ namespace
 /// Below which there is nothing to say of a trend.
 constexpr std::size_t k_fewest = 12;
 constexpr int k_roundsPerValue = 2;
+/// For how long caches still fill, as that of glyphs with what is typed; until then the limits are wider.
+constexpr int k_youngRounds = 200;
+constexpr double k_youth = 4;
 
 struct SLine
 {
@@ -165,11 +168,16 @@ bool CTrend::Growth(double& a_growth, double& a_error) const
     return true;
 }
 
+double CTrend::Limit() const
+{
+    return m_rounds < k_youngRounds ? k_youth * m_limit : m_limit;
+}
+
 std::string CTrend::Fault() const
 {
     double growth = 0;
     double error = 0;
-    if (!Growth(growth, error) || growth - 2 * error <= m_limit)
+    if (!Growth(growth, error) || growth - 2 * error <= Limit())
     {
         return {};
     }
@@ -178,7 +186,7 @@ std::string CTrend::Fault() const
     bool isSteady = true;
     for (const std::size_t start : {std::size_t{0}, third, values.size() - third})
     {
-        isSteady = isSteady && Fit(values.subspan(start, third)).growth > m_limit * k_roundsPerValue / 2;
+        isSteady = isSteady && Fit(values.subspan(start, third)).growth > Limit() * k_roundsPerValue / 2;
     }
     return isSteady ? "growing: " + Summary() : "";
 }
@@ -196,7 +204,7 @@ std::string CTrend::Summary() const
     double error = 0;
     if (Growth(growth, error))
     {
-        std::snprintf(numbers, sizeof numbers, "; %+.3f (+- %.3f) a round, limit %.3f", growth, 2 * error, m_limit);
+        std::snprintf(numbers, sizeof numbers, "; %+.3f (+- %.3f) a round, limit %.3f", growth, 2 * error, Limit());
         text += numbers;
     }
     return text;

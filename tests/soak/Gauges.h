@@ -47,6 +47,8 @@ public:
     [[nodiscard]] std::string Summary() const;
 
 private:
+    [[nodiscard]] double Limit() const;
+
     std::string m_name;
     double m_limit;
     int m_rounds = 0;

@@ -28,9 +28,9 @@ using Gfx::Common::CPoint;
 constexpr int k_stepsPerRound = 60;
 constexpr int k_layoutsPerRound = 100;
 constexpr int k_roundsPerRebuild = 5;
-/// In bytes per round; a byte lost with each layout that is applied makes 100.
+/// In bytes per round, in a long run; a byte lost with each layout that is applied makes more than 100.
 constexpr double k_heapLimit = 1000;
-/// One block lost with every twentieth.
+/// One block lost with every twentieth layout.
 constexpr double k_blockLimit = 5;
 /// A texture or a descriptor that is lost in every tenth round.
 constexpr double k_countLimit = 0.1;
