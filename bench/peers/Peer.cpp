@@ -93,6 +93,16 @@ void WaitForFrame(CPeer& a_peer)
     }
 }
 
+/// Brings up the toolkit, and waits until its window has been painted.
+void Start(CPeer& a_peer, bool a_withScreen)
+{
+    a_peer.Start(a_withScreen);
+    while (s_frames == 0)
+    {
+        a_peer.Turn(true);
+    }
+}
+
 /// Lets the toolkit do what it has to do, for a while.
 void Rest(CPeer& a_peer, double a_seconds)
 {
@@ -155,11 +165,7 @@ std::vector<SButton> ButtonsToPress(int a_count)
 
 void FirstFrame(CPeer& a_peer)
 {
-    a_peer.Start(true);
-    while (s_frames == 0)
-    {
-        a_peer.Turn(true);
-    }
+    Start(a_peer, true);
     std::printf("first-frame-at %lld ns\n", s_firstFrame.load());
     Print("peak-rss", Kilobytes("/proc/self/status", "VmHWM:") / 1024, "MB");
     Print("pss", Kilobytes("/proc/self/smaps_rollup", "Pss:") / 1024, "MB");
@@ -171,8 +177,7 @@ void Frames(CPeer& a_peer, const char* a_name, ActionT a_action)
 {
     constexpr int frames = 240;
     constexpr double warmUpSeconds = 2;
-    a_peer.Start(true);
-    WaitForFrame(a_peer);
+    Start(a_peer, true);
     int number = 0;
     const auto frame = [&]
     {
@@ -196,8 +201,8 @@ void Frames(CPeer& a_peer, const char* a_name, ActionT a_action)
 
 void Press(CPeer& a_peer, int a_count)
 {
-    constexpr int clicks = 2000;
-    a_peer.Start(false);
+    const int clicks = a_count > 1000 ? 100 : 2000;
+    Start(a_peer, false);
     a_peer.Add(ButtonsToPress(a_count));
     WaitForFrame(a_peer);
     Rest(a_peer, 0.5);
@@ -224,8 +229,8 @@ void Press(CPeer& a_peer, int a_count)
 
 void PressThroughDisplay(CPeer& a_peer, int a_count)
 {
-    constexpr int clicks = 60;
-    a_peer.Start(false);
+    const int clicks = a_count > 1000 ? 15 : 60;
+    Start(a_peer, false);
     a_peer.Add(ButtonsToPress(a_count));
     WaitForFrame(a_peer);
     Rest(a_peer, 0.5);
@@ -262,8 +267,7 @@ void PressThroughDisplay(CPeer& a_peer, int a_count)
 template <typename TextT>
 void Load(CPeer& a_peer, int a_rounds, TextT a_text, double& a_seconds, double& a_secondsToFrame, double& a_bytes)
 {
-    a_peer.Start(false);
-    WaitForFrame(a_peer);
+    Start(a_peer, false);
     Rest(a_peer, 0.2);
     const CFile file;
     std::vector<double> seconds;
@@ -323,8 +327,7 @@ void Churn(CPeer& a_peer)
     constexpr int warmUps = 1000;
     constexpr int rounds = 10'000;
     constexpr int roundsPerFrame = 100;
-    a_peer.Start(false);
-    WaitForFrame(a_peer);
+    Start(a_peer, false);
     const std::vector<SButton> buttons = Buttons(20);
     double before = 0;
     double start = 0;
