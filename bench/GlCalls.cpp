@@ -22,7 +22,6 @@ void CountSwitch(GLenum a_capability, bool a_on)
 {
     static auto* const s_isEnabled = Next<decltype(glIsEnabled)>("glIsEnabled");
     ++s_calls.all;
-    ++s_calls.switches;
     if ((s_isEnabled(a_capability) != GL_FALSE) == a_on)
     {
         ++s_calls.redundantSwitches;

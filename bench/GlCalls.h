@@ -8,9 +8,7 @@ namespace Bench
 struct SGlCalls
 {
     long all = 0;
-    /// Those of glEnable, glDisable and their likes for arrays.
-    long switches = 0;
-    /// Switches to what has been set already.
+    /// Those of glEnable, glDisable and their likes for arrays that set what has been set already.
     long redundantSwitches = 0;
 };
 

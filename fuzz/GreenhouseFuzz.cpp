@@ -72,9 +72,9 @@ public:
     {
         switch (a_bytes.Next() % 10)
         {
-        case 0: Press(a_bytes); break;
-        case 1: Move(a_bytes); break;
-        case 2: Release(a_bytes); break;
+        case 0: Point(a_bytes, CStage::Press); break;
+        case 1: Point(a_bytes, CStage::MoveTo); break;
+        case 2: Point(a_bytes, CStage::Release); break;
         case 3: Drag(a_bytes); break;
         case 4: CStage::Widgets().KeyboardEvent(static_cast<unsigned int>(a_bytes.Next())); break;
         case 5: CStage::Widgets().KeyboardEvent(0xff00U + static_cast<unsigned int>(a_bytes.Next())); break;
@@ -84,30 +84,15 @@ public:
             break;
         case 7: m_greenhouse->Step(); break;
         case 8: Paint(); break;
-        default: Tap(a_bytes); break;
+        default: Point(a_bytes, CStage::Click); break;
         }
     }
 
 private:
-    static void Press(CBytes& a_bytes)
+    static void Point(CBytes& a_bytes, void (*a_do)(int a_x, int a_y))
     {
         const SPlace place(a_bytes);
-        CStage::Press(place.x, place.y);
-    }
-    static void Move(CBytes& a_bytes)
-    {
-        const SPlace place(a_bytes);
-        CStage::MoveTo(place.x, place.y);
-    }
-    static void Release(CBytes& a_bytes)
-    {
-        const SPlace place(a_bytes);
-        CStage::Release(place.x, place.y);
-    }
-    static void Tap(CBytes& a_bytes)
-    {
-        const SPlace place(a_bytes);
-        CStage::Click(place.x, place.y);
+        a_do(place.x, place.y);
     }
     static void Drag(CBytes& a_bytes)
     {

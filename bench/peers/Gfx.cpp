@@ -34,8 +34,8 @@ public:
             std::exit(1);
         }
         // The pointer's coordinates are the window's, not those of a touch panel.
-        const std::vector<Gfx::Common::CPoint> corners{{0, 0}, {Peers::k_width - 1, 0}, {0, Peers::k_height - 1}};
-        static_cast<void>(StaticSingleton<Gfx::Managers::CInputManager>::ref().SetCalibrationPoints(corners, corners));
+        auto& input = StaticSingleton<Gfx::Managers::CInputManager>::ref();
+        input.UseCalibration(Gfx::Managers::CInputManager::k_identity);
         if (a_withScreen)
         {
             StaticSingleton<CLayoutManager>::ref().ParseLayoutFile(PEER_FOLDER "Screen.xml");
