@@ -201,4 +201,23 @@ TEST_F(EnhancedGroupTest, AClippedRedrawPaintsWhatAFullOneWould)
     }
 }
 
+TEST_F(EnhancedGroupTest, ActorsAreLookedForInReactiveGroupsOnly)
+{
+    const auto group = AddGroup();
+    Clip(*group, 100, 100, 100, 100);
+    ClutterActor* const actor = AddRectangle(*group, 0, 0, 50, {0, 255, 0, 255});
+    clutter_actor_set_reactive(actor, TRUE);
+    Settle();
+    ClutterActor* const stage = clutter_stage_get_default();
+    const auto pick = [stage](ClutterPickMode a_mode)
+    { return clutter_stage_get_actor_at_pos(CLUTTER_STAGE(stage), a_mode, 120, 120); };
+    EXPECT_EQ(pick(CLUTTER_PICK_REACTIVE), stage);
+    EXPECT_EQ(pick(CLUTTER_PICK_ALL), actor);
+
+    clutter_actor_set_reactive(group->GetActor(), TRUE);
+    // What the last search drew is good until the scene changes.
+    FreshPicture();
+    EXPECT_EQ(pick(CLUTTER_PICK_REACTIVE), actor);
+}
+
 } // namespace

@@ -16,6 +16,23 @@ void Paint(ClutterActor* a_actor)
     s_actorClass->paint(a_actor);
 }
 
+void Pick(ClutterActor* a_actor, const ClutterColor* a_colour)
+{
+    if (clutter_actor_should_pick_paint(a_actor) == FALSE)
+    {
+        return;
+    }
+    // A subclass's children are its own to draw.
+    s_actorClass->pick(a_actor, a_colour);
+    ClutterActorIter iter;
+    clutter_actor_iter_init(&iter, a_actor);
+    ClutterActor* child = nullptr;
+    while (clutter_actor_iter_next(&iter, &child) != FALSE)
+    {
+        clutter_actor_paint(child);
+    }
+}
+
 gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
 {
     if (clutter_paint_volume_set_from_allocation(a_volume, a_actor) == FALSE)
@@ -72,7 +89,7 @@ void InitialiseClass(gpointer a_class, gpointer)
     actorClass->get_preferred_height = GetPreferredHeight;
     actorClass->allocate = Allocate;
     actorClass->paint = Paint;
-    actorClass->pick = s_actorClass->pick;
+    actorClass->pick = Pick;
     actorClass->get_paint_volume = GetPaintVolume;
 }
 
