@@ -16,28 +16,72 @@ constexpr int k_valuesPerQuad = 8;
 
 ClutterColor s_currentColour{255, 255, 255, 255};
 
+/// A texture's own pipelines, made at their first use; they live as long as the texture. Where it isn't made smaller,
+/// the one without mipmaps gives the same pixels for less.
 CoglUserDataKey s_pipelineKey;
+CoglUserDataKey s_mipmapPipelineKey;
 
-/// The texture's own pipeline, made at its first use; it lives as long as the texture.
-CoglPipeline* PipelineOf(CoglTexture* a_texture)
+CoglPipeline* PipelineOf(CoglTexture* a_texture, bool a_mipmaps)
 {
-    if (auto* pipeline = static_cast<CoglPipeline*>(cogl_object_get_user_data(COGL_OBJECT(a_texture), &s_pipelineKey)))
+    CoglUserDataKey* const key = a_mipmaps ? &s_mipmapPipelineKey : &s_pipelineKey;
+    if (auto* pipeline = static_cast<CoglPipeline*>(cogl_object_get_user_data(COGL_OBJECT(a_texture), key)))
     {
         return pipeline;
     }
     CoglContext* context = cogl_framebuffer_get_context(cogl_get_draw_framebuffer());
     CoglPipeline* pipeline = cogl_pipeline_new(context);
     cogl_pipeline_set_layer_texture(pipeline, 0, a_texture);
-    cogl_pipeline_set_layer_filters(pipeline, 0, COGL_PIPELINE_FILTER_LINEAR_MIPMAP_NEAREST,
-                                    COGL_PIPELINE_FILTER_LINEAR);
+    cogl_pipeline_set_layer_filters(
+        pipeline, 0, a_mipmaps ? COGL_PIPELINE_FILTER_LINEAR_MIPMAP_NEAREST : COGL_PIPELINE_FILTER_LINEAR,
+        COGL_PIPELINE_FILTER_LINEAR);
     cogl_pipeline_set_layer_wrap_mode(pipeline, 0, COGL_PIPELINE_WRAP_MODE_CLAMP_TO_EDGE);
     if (cogl_texture_get_components(a_texture) == COGL_TEXTURE_COMPONENTS_A)
     {
         // A texture of alpha alone is black to the default combine; it is to be a stencil for the current colour.
         cogl_pipeline_set_layer_combine(pipeline, 0, "RGBA = MODULATE(PREVIOUS, TEXTURE[A])", nullptr);
     }
-    cogl_object_set_user_data(COGL_OBJECT(a_texture), &s_pipelineKey, pipeline, cogl_object_unref);
+    cogl_object_set_user_data(COGL_OBJECT(a_texture), key, pipeline, cogl_object_unref);
     return pipeline;
+}
+
+/// How many pixels of the display one unit of the current coordinates is, along each of its axes; none where they are
+/// turned, or seen at a slant.
+struct SScale
+{
+    float x = 0;
+    float y = 0;
+};
+
+SScale CurrentScale(CoglFramebuffer* a_framebuffer)
+{
+    CoglMatrix modelview;
+    CoglMatrix projection;
+    cogl_framebuffer_get_modelview_matrix(a_framebuffer, &modelview);
+    cogl_framebuffer_get_projection_matrix(a_framebuffer, &projection);
+    const bool isFlat = modelview.xy == 0 && modelview.yx == 0 && modelview.zx == 0 && modelview.zy == 0 &&
+                        modelview.wx == 0 && modelview.wy == 0;
+    const float depth = projection.wz * modelview.zw + projection.ww * modelview.ww;
+    if (!isFlat || depth == 0)
+    {
+        return {};
+    }
+    const auto pixels = [depth](float a_modelview, float a_projection, float a_length)
+    { return std::abs(a_modelview * a_projection / depth) * a_length / 2; };
+    return {pixels(modelview.xx, projection.xx, cogl_framebuffer_get_viewport_width(a_framebuffer)),
+            pixels(modelview.yy, projection.yy, cogl_framebuffer_get_viewport_height(a_framebuffer))};
+}
+
+/// Whether a quad shows its part of the texture smaller than it is. What is hardly smaller is taken from the whole
+/// picture with mipmaps, too.
+bool IsMadeSmaller(const float* a_quad, CoglTexture* a_texture, const SScale& a_scale)
+{
+    constexpr float hardly = 1.05F;
+    const auto texels = [](float a_from, float a_to, int a_length)
+    { return std::abs(a_to - a_from) * static_cast<float>(a_length); };
+    return texels(a_quad[4], a_quad[6], cogl_texture_get_width(a_texture)) >
+               std::abs(a_quad[2] - a_quad[0]) * a_scale.x * hardly ||
+           texels(a_quad[5], a_quad[7], cogl_texture_get_height(a_texture)) >
+               std::abs(a_quad[3] - a_quad[1]) * a_scale.y * hardly;
 }
 
 int BytesPerPixel(CoglPixelFormat a_format)
@@ -77,12 +121,20 @@ void cogl_texture_multiple_rectangles(CoglHandle a_texture, const CoglFixed* a_v
     {
         s_vertices[i] = static_cast<float>(a_vertices[i]) / 65536.0F;
     }
-    CoglPipeline* pipeline = PipelineOf(COGL_TEXTURE(a_texture));
+    CoglTexture* const texture = COGL_TEXTURE(a_texture);
+    CoglFramebuffer* const framebuffer = cogl_get_draw_framebuffer();
+    const SScale scale = CurrentScale(framebuffer);
+    bool mipmaps = false;
+    for (std::size_t i = 0; i < valueCount && !mipmaps; i += k_valuesPerQuad)
+    {
+        mipmaps = IsMadeSmaller(&s_vertices[i], texture, scale);
+    }
+    CoglPipeline* pipeline = PipelineOf(texture, mipmaps);
     const auto premultiplied = [](guint8 a_component)
     { return static_cast<guint8>((a_component * s_currentColour.alpha + 127) / 255); };
     cogl_pipeline_set_color4ub(pipeline, premultiplied(s_currentColour.red), premultiplied(s_currentColour.green),
                                premultiplied(s_currentColour.blue), s_currentColour.alpha);
-    cogl_framebuffer_draw_textured_rectangles(cogl_get_draw_framebuffer(), pipeline, s_vertices.data(), a_count);
+    cogl_framebuffer_draw_textured_rectangles(framebuffer, pipeline, s_vertices.data(), a_count);
 }
 
 CoglFixed clutter_double_to_fixed(double a_value)
@@ -156,6 +208,7 @@ void cogl_texture_release(CoglHandle a_texture)
     if (a_texture != nullptr)
     {
         cogl_object_set_user_data(COGL_OBJECT(a_texture), &s_pipelineKey, nullptr, nullptr);
+        cogl_object_set_user_data(COGL_OBJECT(a_texture), &s_mipmapPipelineKey, nullptr, nullptr);
         cogl_object_unref(a_texture);
     }
 }

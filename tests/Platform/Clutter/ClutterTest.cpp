@@ -186,6 +186,42 @@ TEST_F(ClutterTest, FixedPointIsRoundedToNearestAndDrawsToThePixel)
     EXPECT_EQ(Draw(draw).Extent(Gfx::Colours::White), "10,20 30 x 40");
 }
 
+TEST_F(ClutterTest, AFinePatternIsGreyWhereItIsMadeSmallerAndItselfWhereItIsNot)
+{
+    // A third of it shows one texel of three, unless they are averaged.
+    constexpr int side = 63;
+    std::vector<guchar> bytes;
+    for (int i = 0; i < side * side; ++i)
+    {
+        bytes.insert(bytes.end(), 3, (i % side + i / side) % 2 == 0 ? 255 : 0);
+    }
+    CoglHandle texture = Texture(side, COGL_PIXEL_FORMAT_RGB_888, bytes);
+    const struct
+    {
+        double width;
+        double height;
+        double scale;
+        bool isGrey;
+    } cases[] = {{63, 63, 1, false},      {21, 21, 1, true},          {63, 21, 1, true}, {21, 63, 1, true},
+                 {63, 63, 1.0 / 3, true}, {189, 189, 1.0 / 3, false}, {21, 21, 3, false}};
+    for (const auto& [width, height, scale, isGrey] : cases)
+    {
+        SCOPED_TRACE(testing::Message() << width << " by " << height << ", scaled by " << scale);
+        const auto draw = [&]
+        {
+            cogl_color(&k_white);
+            cogl_texture_multiple_rectangles(texture, SQuad(0, 0, width, height).values, 1);
+        };
+        const auto canvas = AddTopLevel(new CCanvas(draw));
+        clutter_actor_set_scale(canvas->GetActor(), scale, scale);
+        const GfxTest::CPicture picture = FreshPicture();
+        const auto isGreyAt = [&picture](int a_x, int a_y) { return std::abs(picture.At(a_x, a_y).Red() - 128) < 8; };
+        EXPECT_EQ(isGreyAt(8, 8) && isGreyAt(9, 8) && isGreyAt(8, 9), isGrey) << picture.At(8, 8).Red();
+        Widgets().DestroyWidget(canvas.Get());
+    }
+    cogl_texture_release(texture);
+}
+
 TEST_F(ClutterTest, AReleasedTextureDiesThoughItWasDrawn)
 {
     static int deaths = 0;
