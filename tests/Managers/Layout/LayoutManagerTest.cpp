@@ -3,8 +3,10 @@
 #include "Core/IO/XMLDocument.h"
 #include "Layout/ButtonElement.h"
 #include "Layout/LabelElement.h"
+#include "Layout/PanelElement.h"
 #include "Widgets/Controls/Button/Button.h"
 #include "Widgets/Controls/Label/Label.h"
+#include "Widgets/Controls/Panel/Panel.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
@@ -142,17 +144,36 @@ public:
     }
 };
 
+class COwnPanelElement : public Gfx::Layout::CPanelElement
+{
+public:
+    CElement* Process(CElement* a_parent, const XMLNode& a_node) override
+    {
+        if (!PreProcess(a_node))
+        {
+            return nullptr;
+        }
+        Attach(a_parent, Hidden(new Gfx::Widgets::CPanel(Id(), X(), Y(), 20, 20, false, false)));
+        ProcessContent(a_node, [this](const XMLNode& a_events) { ProcessEvents(a_events); });
+        return this;
+    }
+};
+
 TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
 {
     using Constructor = CLayoutManager::ElementConstructor::Function;
     static Constructor s_echo(&Gfx::Managers::ElementBuilder<CEchoElement>);
     static Constructor s_numbered(&Gfx::Managers::ElementBuilder<CNumberedButton>);
+    static Constructor s_panel(&Gfx::Managers::ElementBuilder<COwnPanelElement>);
     Layouts().RegisterElementConstructor("Echo", &s_echo);
+    Layouts().RegisterElementConstructor("OwnPanel", &s_panel);
     Layouts().RegisterElementConstructor("Numbered", &s_numbered);
     const GfxTest::CTemporaryDirectory data;
     data.Write("own.xml", "<Layouts><Layout id='Own'><Panel id='p' x='0' y='0' width='100' height='100'>"
                           "<Echo id='e' x='0' y='0' word='hello'><Events><Show><SetFlag id='echo' value='seen'/></Show>"
-                          "</Events></Echo><Numbered id='n' x='0' y='0' number='7'/></Panel></Layout></Layouts>");
+                          "</Events></Echo><Numbered id='n' x='0' y='0' number='7'/>"
+                          "<OwnPanel id='o' x='0' y='50'><Events><Selected><SetFlag id='own' value='selected'/>"
+                          "</Selected></Events></OwnPanel></Panel></Layout></Layouts>");
     Layouts().ParseLayoutFile(data.Path() + "own.xml");
     const std::list<WidgetPtr> widgets = Layouts().RetrieveLayout("Own");
     ASSERT_EQ(widgets.size(), 1U);
@@ -166,6 +187,10 @@ TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
     const WidgetPtr numbered = Widgets().FindWidget("n", panel);
     ASSERT_TRUE(numbered);
     EXPECT_EQ(static_cast<Gfx::Widgets::CButton&>(*numbered).Text(), "No. 7");
+    const WidgetPtr own = Widgets().FindWidget("o", panel);
+    ASSERT_TRUE(own);
+    Widgets().Select(own);
+    EXPECT_EQ(Layouts().GetFlag("own"), "selected");
 }
 
 TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndAThemesColourStays)

@@ -50,7 +50,7 @@ CElement* CEditBoxElement::Process(CElement* a_parent, const XMLNode& a_node)
     {
         if (child.Name() == "Events")
         {
-            ProcessEvents(*box, child);
+            ProcessEvents(child);
         }
         else if (child.Name() == "Font")
         {
@@ -74,15 +74,16 @@ std::vector<SEventInfo> CEditBoxElement::Events() const
     return list;
 }
 
-void CEditBoxElement::ProcessEvents(CEditBox& a_box, const XMLNode& a_events)
+void CEditBoxElement::ProcessEvents(const XMLNode& a_node)
 {
     using TextChanged = Core::Functor<void, Widgets::CWidget*>;
-    for (const XMLNode& event : a_events.Children())
+    auto* const box = dynamic_cast<CEditBox*>(Widget().Get());
+    for (const XMLNode& event : a_node.Children())
     {
-        if (event.Name() == "TextChanged")
+        if (box != nullptr && event.Name() == "TextChanged")
         {
             m_textChangedActions = ProcessEventActions(event);
-            a_box.SetTextChangedEventHandler(
+            box->SetTextChangedEventHandler(
                 Keep(new TextChanged::Method<CEditBoxElement>(this, &CEditBoxElement::TextChangedHandler)));
         }
         else

@@ -5,11 +5,6 @@
 
 #include <vector>
 
-namespace Gfx::Widgets
-{
-class CEditBox;
-}
-
 namespace Gfx::Layout
 {
 
@@ -22,12 +17,13 @@ public:
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
     [[nodiscard]] std::vector<SNodeInfo> Nodes() const override { return {FontNode()}; }
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget.
     void TextChangedHandler(Widgets::CWidget* a_widget);
 
 private:
-    void ProcessEvents(Widgets::CEditBox& a_box, const Core::IO::XMLNode& a_events);
-
     ActionList m_textChangedActions;
 };
 

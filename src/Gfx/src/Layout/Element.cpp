@@ -281,9 +281,9 @@ void CElement::ProcessEventsOf(const XMLNode& a_node)
     }
 }
 
-void CElement::ProcessEvents(const XMLNode& a_events)
+void CElement::ProcessEvents(const XMLNode& a_node)
 {
-    for (const XMLNode& event : a_events.Children())
+    for (const XMLNode& event : a_node.Children())
     {
         ProcessEvent(event);
     }

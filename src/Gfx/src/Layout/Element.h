@@ -124,6 +124,9 @@ public:
     /// The words of the actions, in the order in which they are looked for.
     [[nodiscard]] static std::vector<SActionInfo> ActionWords();
 
+    /// Takes the events of an "Events" node over. Elements with further events have their own.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// Takes one of the base events over, by the node's name.
     void ProcessEvent(const Core::IO::XMLNode& a_node);
 
@@ -194,9 +197,6 @@ protected:
 
     /// The base events of a node's "Events" children.
     void ProcessEventsOf(const Core::IO::XMLNode& a_node);
-
-    /// The same for an "Events" node itself.
-    void ProcessEvents(const Core::IO::XMLNode& a_events);
 
     /// The children of a container: each is an element, but for "Events", which a_processEvents gets.
     template <typename ProcessT>

@@ -56,16 +56,16 @@ std::vector<SEventInfo> C3DFrameElement::Events() const
     return list;
 }
 
-void C3DFrameElement::ProcessEvents(const XMLNode& a_events)
+void C3DFrameElement::ProcessEvents(const XMLNode& a_node)
 {
     using Hit = Core::Functor<void, Widgets::CWidget*, Core::SharedPtr<C3DEntity>>;
-    auto& frame = static_cast<Widgets::C3DFrame&>(*Widget());
-    for (const XMLNode& event : a_events.Children())
+    auto* const frame = dynamic_cast<Widgets::C3DFrame*>(Widget().Get());
+    for (const XMLNode& event : a_node.Children())
     {
-        if (event.Name() == "EntityHit")
+        if (frame != nullptr && event.Name() == "EntityHit")
         {
             m_entityHitActions = ProcessEventActions(event);
-            frame.SetEntityHitEventHandler(
+            frame->SetEntityHitEventHandler(
                 Keep(new Hit::Method<C3DFrameElement>(this, &C3DFrameElement::EntityHitHandler)));
         }
         else

@@ -22,12 +22,13 @@ public:
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget.
     void EntityHitHandler(Widgets::CWidget* a_widget, Core::SharedPtr<C3DEntity> a_entity);
 
 private:
-    void ProcessEvents(const Core::IO::XMLNode& a_events);
-
     ActionList m_entityHitActions;
 };
 

@@ -26,15 +26,15 @@ protected:
     /// An "Items" node, to describe it.
     [[nodiscard]] static SNodeInfo ItemsNode(std::vector<SAttributeInfo> a_itemAttributes);
 
-    /// Reads the children of a list: a_processItems gets the "Items".
+    /// Reads the children of a list of kind ListT: a_processItems gets the "Items".
     template <typename ListT, typename ProcessT>
-    void ProcessListContent(ListT& a_list, const Core::IO::XMLNode& a_node, ProcessT a_processItems)
+    void ProcessListContent(const Core::IO::XMLNode& a_node, ProcessT a_processItems)
     {
         for (const Core::IO::XMLNode& child : a_node.Children())
         {
             if (child.Name() == "Events")
             {
-                ProcessListEvents(a_list, child);
+                ProcessListEvents<ListT>(child);
             }
             else if (child.Name() == "Items")
             {
@@ -65,17 +65,18 @@ protected:
         }
     }
 
-private:
+    /// Takes the events of an "Events" node of such a list over.
     template <typename ListT>
-    void ProcessListEvents(ListT& a_list, const Core::IO::XMLNode& a_events)
+    void ProcessListEvents(const Core::IO::XMLNode& a_node)
     {
         using Selection = Core::Functor<void, Widgets::CWidget*>;
-        for (const Core::IO::XMLNode& event : a_events.Children())
+        auto* const list = dynamic_cast<ListT*>(Widget().Get());
+        for (const Core::IO::XMLNode& event : a_node.Children())
         {
-            if (event.Name() == "SelectionChanged")
+            if (list != nullptr && event.Name() == "SelectionChanged")
             {
                 m_selectionChangedActions = ProcessEventActions(event);
-                a_list.SetSelectionChangedEventHandler(
+                list->SetSelectionChangedEventHandler(
                     Keep(new Selection::Method<CItemListElement>(this, &CItemListElement::SelectionChangedHandler)));
             }
             else
@@ -85,6 +86,7 @@ private:
         }
     }
 
+private:
     void ReportSkipped(const char* a_source, const char* a_format) const;
 
     ActionList m_selectionChangedActions;

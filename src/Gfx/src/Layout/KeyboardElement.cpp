@@ -75,9 +75,9 @@ std::vector<SEventInfo> CKeyboardElement::Events() const
     return list;
 }
 
-void CKeyboardElement::ProcessEvents(const XMLNode& a_events)
+void CKeyboardElement::ProcessEvents(const XMLNode& a_node)
 {
-    for (const XMLNode& event : a_events.Children())
+    for (const XMLNode& event : a_node.Children())
     {
         if (event.Name() == "ClosingDone")
         {

@@ -23,13 +23,14 @@ public:
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget. A Stop in the actions keeps the keyboard open.
     bool ClosingHandler(Widgets::CWidget* a_widget, bool a_done, const std::string& a_text);
     void ClosedHandler(Widgets::CWidget* a_widget, bool a_done, const std::string& a_text);
 
 private:
-    void ProcessEvents(const Core::IO::XMLNode& a_events);
-
     ActionList m_closingDoneActions;
     ActionList m_closingCancelledActions;
     ActionList m_closedDoneActions;

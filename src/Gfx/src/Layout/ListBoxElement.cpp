@@ -53,20 +53,20 @@ CElement* CListBoxElement::Process(CElement* a_parent, const XMLNode& a_node)
     list->ParseMarkup(values.parseMarkup);
     list->Background(values.background);
     Attach(a_parent, list);
-    ProcessListContent(*list, a_node,
-                       [&](const XMLNode& a_items)
-                       {
-                           list->Freeze();
-                           ProcessItems(s_itemRows, a_items, "CListBoxElement",
-                                        "Skipping item with empty id in list box %s",
-                                        [&list](const SItem& a_values)
-                                        {
-                                            Widgets::CListBox::SListItem item(a_values.id, a_values.text);
-                                            item.selected = a_values.selected;
-                                            list->AddItem(item, true);
-                                        });
-                           list->Thaw();
-                       });
+    ProcessListContent<Widgets::CListBox>(
+        a_node,
+        [&](const XMLNode& a_items)
+        {
+            list->Freeze();
+            ProcessItems(s_itemRows, a_items, "CListBoxElement", "Skipping item with empty id in list box %s",
+                         [&list](const SItem& a_values)
+                         {
+                             Widgets::CListBox::SListItem item(a_values.id, a_values.text);
+                             item.selected = a_values.selected;
+                             list->AddItem(item, true);
+                         });
+            list->Thaw();
+        });
     return this;
 }
 
@@ -82,6 +82,11 @@ std::vector<SNodeInfo> CListBoxElement::Nodes() const
     std::vector<SAttributeInfo> attributes;
     DescribeAttributes(s_itemRows, attributes);
     return {ItemsNode(std::move(attributes))};
+}
+
+void CListBoxElement::ProcessEvents(const XMLNode& a_node)
+{
+    ProcessListEvents<Widgets::CListBox>(a_node);
 }
 
 } // namespace Gfx::Layout

@@ -15,6 +15,9 @@ public:
     CElement* Process(CElement* a_parent, const Core::IO::XMLNode& a_node) override;
     [[nodiscard]] std::vector<SAttributeInfo> Attributes() const override;
     [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
+
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
 };
 
 } // namespace Gfx::Layout

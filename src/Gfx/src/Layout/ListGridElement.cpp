@@ -61,18 +61,18 @@ CElement* CListGridElement::Process(CElement* a_parent, const XMLNode& a_node)
     grid->SetItemSize(values.tileWidth, values.tileHeight, values.imageWidth, values.imageHeight);
     grid->Background(values.background);
     Attach(a_parent, grid);
-    ProcessListContent(*grid, a_node,
-                       [&](const XMLNode& a_items)
-                       {
-                           std::vector<Widgets::CListGrid::SListItem> items;
-                           ProcessItems(s_itemRows, a_items, "CListGridElement",
-                                        "Skipping item with empty id in list grid %s",
-                                        [&items](const SItem& a_values) {
-                                            items.emplace_back(a_values.id, a_values.image, a_values.text).selected =
-                                                a_values.selected;
-                                        });
-                           grid->AddItems(items);
-                       });
+    ProcessListContent<Widgets::CListGrid>(
+        a_node,
+        [&](const XMLNode& a_items)
+        {
+            std::vector<Widgets::CListGrid::SListItem> items;
+            ProcessItems(s_itemRows, a_items, "CListGridElement", "Skipping item with empty id in list grid %s",
+                         [&items](const SItem& a_values) {
+                             items.emplace_back(a_values.id, a_values.image, a_values.text).selected =
+                                 a_values.selected;
+                         });
+            grid->AddItems(items);
+        });
     return this;
 }
 
@@ -88,6 +88,11 @@ std::vector<SNodeInfo> CListGridElement::Nodes() const
     std::vector<SAttributeInfo> attributes;
     DescribeAttributes(s_itemRows, attributes);
     return {ItemsNode(std::move(attributes))};
+}
+
+void CListGridElement::ProcessEvents(const XMLNode& a_node)
+{
+    ProcessListEvents<Widgets::CListGrid>(a_node);
 }
 
 } // namespace Gfx::Layout

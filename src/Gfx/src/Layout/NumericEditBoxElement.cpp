@@ -40,7 +40,7 @@ CElement* CNumericEditBoxElement::Process(CElement* a_parent, const XMLNode& a_n
     {
         if (child.Name() == "Events")
         {
-            ProcessEvents(*box, child);
+            ProcessEvents(child);
         }
         else if (child.Name() == "Font")
         {
@@ -70,15 +70,16 @@ std::vector<SNodeInfo> CNumericEditBoxElement::Nodes() const
     return {FontNode(), fields};
 }
 
-void CNumericEditBoxElement::ProcessEvents(CNumericEditBox& a_box, const XMLNode& a_events)
+void CNumericEditBoxElement::ProcessEvents(const XMLNode& a_node)
 {
     using TextChanged = Core::Functor<void, Widgets::CWidget*>;
-    for (const XMLNode& event : a_events.Children())
+    auto* const box = dynamic_cast<CNumericEditBox*>(Widget().Get());
+    for (const XMLNode& event : a_node.Children())
     {
-        if (event.Name() == "TextChanged")
+        if (box != nullptr && event.Name() == "TextChanged")
         {
             m_textChangedActions = ProcessEventActions(event);
-            a_box.SetTextChangedEventHandler(Keep(
+            box->SetTextChangedEventHandler(Keep(
                 new TextChanged::Method<CNumericEditBoxElement>(this, &CNumericEditBoxElement::TextChangedHandler)));
         }
         else

@@ -23,11 +23,13 @@ public:
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
     [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget.
     void TextChangedHandler(Widgets::CWidget* a_widget);
 
 private:
-    void ProcessEvents(Widgets::CNumericEditBox& a_box, const Core::IO::XMLNode& a_events);
     static void ProcessFields(Widgets::CNumericEditBox& a_box, const Core::IO::XMLNode& a_fields);
 
     ActionList m_textChangedActions;

@@ -109,12 +109,17 @@ std::vector<SEventInfo> CPanelElement::Events() const
     return list;
 }
 
-void CPanelElement::ProcessEvents(const XMLNode& a_events)
+void CPanelElement::ProcessEvents(const XMLNode& a_node)
 {
+    const WidgetPtr panel = Widget();
+    if (!panel)
+    {
+        return;
+    }
     using Selection = Core::Functor<void, Widgets::CWidget*, bool>;
     using Hit = Core::Functor<void, Widgets::CWidget*>;
     bool needsSelection = false;
-    for (const XMLNode& event : a_events.Children())
+    for (const XMLNode& event : a_node.Children())
     {
         if (event.Name() == "Deselected")
         {
@@ -129,9 +134,9 @@ void CPanelElement::ProcessEvents(const XMLNode& a_events)
         else if (event.Name() == "NonClientHit")
         {
             m_nonClientHitActions = ProcessEventActions(event);
-            Widget()->SetNonClientHitEventHandler(
+            panel->SetNonClientHitEventHandler(
                 Keep(new Hit::Method<CPanelElement>(this, &CPanelElement::NonClientHit)));
-            Core::Patterns::StaticSingleton<Managers::CWidgetManager>::ref().RegisterForNonClientHitEvents(Widget());
+            Core::Patterns::StaticSingleton<Managers::CWidgetManager>::ref().RegisterForNonClientHitEvents(panel);
         }
         else
         {
@@ -140,7 +145,7 @@ void CPanelElement::ProcessEvents(const XMLNode& a_events)
     }
     if (needsSelection)
     {
-        Widget()->SetSelectedChangedEventHandler(
+        panel->SetSelectedChangedEventHandler(
             Keep(new Selection::Method<CPanelElement>(this, &CPanelElement::SelectionChanged)));
     }
 }

@@ -18,13 +18,14 @@ public:
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
     [[nodiscard]] bool TakesElements() const override { return true; }
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget.
     void SelectionChanged(Widgets::CWidget* a_widget, bool a_selected);
     void NonClientHit(Widgets::CWidget* a_widget);
 
 private:
-    void ProcessEvents(const Core::IO::XMLNode& a_events);
-
     ActionList m_selectedActions;
     ActionList m_deselectedActions;
     ActionList m_nonClientHitActions;

@@ -48,7 +48,7 @@ CElement* CScrollbarElement::Process(CElement* a_parent, const XMLNode& a_node)
     {
         if (child.Name() == "Events")
         {
-            ProcessEvents(*bar, child);
+            ProcessEvents(child);
         }
         else if (child.Name() == "TextureSet")
         {
@@ -97,15 +97,16 @@ std::vector<SNodeInfo> CScrollbarElement::Nodes() const
     return {set};
 }
 
-void CScrollbarElement::ProcessEvents(Widgets::CScrollBar& a_bar, const XMLNode& a_events)
+void CScrollbarElement::ProcessEvents(const XMLNode& a_node)
 {
     using Scroll = Core::Functor<void, Widgets::CWidget*, int>;
-    for (const XMLNode& event : a_events.Children())
+    auto* const bar = dynamic_cast<Widgets::CScrollBar*>(Widget().Get());
+    for (const XMLNode& event : a_node.Children())
     {
-        if (event.Name() == "Scroll")
+        if (bar != nullptr && event.Name() == "Scroll")
         {
             m_scrollActions = ProcessEventActions(event);
-            a_bar.SetScrollEventHandler(
+            bar->SetScrollEventHandler(
                 Keep(new Scroll::Method<CScrollbarElement>(this, &CScrollbarElement::ScrollHandler)));
         }
         else

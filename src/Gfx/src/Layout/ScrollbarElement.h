@@ -24,12 +24,14 @@ public:
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
     [[nodiscard]] std::vector<SNodeInfo> Nodes() const override;
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget.
     void ScrollHandler(Widgets::CWidget* a_widget, int a_current);
 
 private:
     static void ProcessTextureSet(Widgets::CScrollBar& a_bar, const Core::IO::XMLNode& a_set);
-    void ProcessEvents(Widgets::CScrollBar& a_bar, const Core::IO::XMLNode& a_events);
 
     ActionList m_scrollActions;
 };

@@ -36,9 +36,8 @@ CElement* CWizardStageElement::Process(CElement* a_parent, const XMLNode& a_node
     const SValues values = ReadAttributes(s_rows, a_node);
     SetCommon(values.id, values.opacity, values.visible);
     // A new stage is hidden, whatever the attribute says: only Show() makes it appear.
-    const auto stage = Hidden(new Widgets::CWizardStage(values.id, values.allowScrolling));
-    Attach(a_parent, stage);
-    ProcessContent(a_node, [&](const XMLNode& a_events) { ProcessEvents(*stage, a_events); });
+    Attach(a_parent, Hidden(new Widgets::CWizardStage(values.id, values.allowScrolling)));
+    ProcessContent(a_node, [this](const XMLNode& a_events) { ProcessEvents(a_events); });
     return this;
 }
 
@@ -57,21 +56,22 @@ std::vector<SEventInfo> CWizardStageElement::Events() const
     return list;
 }
 
-void CWizardStageElement::ProcessEvents(Widgets::CWizardStage& a_stage, const XMLNode& a_events)
+void CWizardStageElement::ProcessEvents(const XMLNode& a_node)
 {
     using Notify = Core::Functor<void, Widgets::CWidget*>;
-    for (const XMLNode& event : a_events.Children())
+    auto* const stage = dynamic_cast<Widgets::CWizardStage*>(Widget().Get());
+    for (const XMLNode& event : a_node.Children())
     {
-        if (event.Name() == "Enter")
+        if (stage != nullptr && event.Name() == "Enter")
         {
             m_enterActions = ProcessEventActions(event);
-            a_stage.SetEnterEventHandler(
+            stage->SetEnterEventHandler(
                 Keep(new Notify::Method<CWizardStageElement>(this, &CWizardStageElement::EnterHandler)));
         }
-        else if (event.Name() == "Exit")
+        else if (stage != nullptr && event.Name() == "Exit")
         {
             m_exitActions = ProcessEventActions(event);
-            a_stage.SetLeaveEventHandler(
+            stage->SetLeaveEventHandler(
                 Keep(new Notify::Method<CWizardStageElement>(this, &CWizardStageElement::ExitHandler)));
         }
         else

@@ -5,11 +5,6 @@
 
 #include <vector>
 
-namespace Gfx::Widgets
-{
-class CWizardStage;
-}
-
 namespace Gfx::Layout
 {
 
@@ -23,13 +18,14 @@ public:
     [[nodiscard]] std::vector<SEventInfo> Events() const override;
     [[nodiscard]] bool TakesElements() const override { return true; }
 
+    /// Takes the events of an "Events" node over.
+    void ProcessEvents(const Core::IO::XMLNode& a_node);
+
     /// For the widget.
     void EnterHandler(Widgets::CWidget* a_widget);
     void ExitHandler(Widgets::CWidget* a_widget);
 
 private:
-    void ProcessEvents(Widgets::CWizardStage& a_stage, const Core::IO::XMLNode& a_events);
-
     ActionList m_enterActions;
     ActionList m_exitActions;
 };
