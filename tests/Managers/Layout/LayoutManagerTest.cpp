@@ -144,19 +144,26 @@ public:
     }
 };
 
+/// One that keeps its widget itself.
 class COwnPanelElement : public Gfx::Layout::CPanelElement
 {
 public:
+    WidgetPtr Widget() override { return m_panel; }
+
     CElement* Process(CElement* a_parent, const XMLNode& a_node) override
     {
         if (!PreProcess(a_node))
         {
             return nullptr;
         }
-        Attach(a_parent, Hidden(new Gfx::Widgets::CPanel(Id(), X(), Y(), 20, 20, false, false)));
+        m_panel = WidgetPtr(new Gfx::Widgets::CPanel(Id(), X(), Y(), 20, 20, false, false));
+        a_parent->Widget()->AddChild(m_panel);
         ProcessContent(a_node, [this](const XMLNode& a_events) { ProcessEvents(a_events); });
         return this;
     }
+
+private:
+    WidgetPtr m_panel;
 };
 
 TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
@@ -169,11 +176,13 @@ TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
     Layouts().RegisterElementConstructor("OwnPanel", &s_panel);
     Layouts().RegisterElementConstructor("Numbered", &s_numbered);
     const GfxTest::CTemporaryDirectory data;
-    data.Write("own.xml", "<Layouts><Layout id='Own'><Panel id='p' x='0' y='0' width='100' height='100'>"
-                          "<Echo id='e' x='0' y='0' word='hello'><Events><Show><SetFlag id='echo' value='seen'/></Show>"
-                          "</Events></Echo><Numbered id='n' x='0' y='0' number='7'/>"
-                          "<OwnPanel id='o' x='0' y='50'><Events><Selected><SetFlag id='own' value='selected'/>"
-                          "</Selected></Events></OwnPanel></Panel></Layout></Layouts>");
+    data.Write(
+        "own.xml",
+        "<Layouts><Layout id='Own'><Panel id='p' x='0' y='0' width='100' height='100'>"
+        "<Echo id='e' x='0' y='0' word='hello'><Events><Show><SetFlag id='echo' value='seen'/></Show>"
+        "</Events></Echo><Numbered id='n' x='0' y='0' number='7'/>"
+        "<OwnPanel id='o' x='0' y='50'><Events><Selected><Property name='Opacity' value='50'/>"
+        "</Selected><Hide><SetFlag id='own' value='hidden'/></Hide></Events></OwnPanel></Panel></Layout></Layouts>");
     Layouts().ParseLayoutFile(data.Path() + "own.xml");
     const std::list<WidgetPtr> widgets = Layouts().RetrieveLayout("Own");
     ASSERT_EQ(widgets.size(), 1U);
@@ -189,8 +198,11 @@ TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
     EXPECT_EQ(static_cast<Gfx::Widgets::CButton&>(*numbered).Text(), "No. 7");
     const WidgetPtr own = Widgets().FindWidget("o", panel);
     ASSERT_TRUE(own);
+    AddToStage(widgets.front());
     Widgets().Select(own);
-    EXPECT_EQ(Layouts().GetFlag("own"), "selected");
+    EXPECT_EQ(own->GetProperty("Opacity", ""), "50");
+    own->Hide();
+    EXPECT_EQ(Layouts().GetFlag("own"), "hidden");
 }
 
 TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndAThemesColourStays)

@@ -168,7 +168,7 @@ bool CElement::ProcessChild(CElement* a_parent, const XMLNode& a_node)
 
 void CElement::Retire()
 {
-    StaticSingleton<Managers::CWidgetManager>::ref().DeregisterForNonClientHitEvents(m_widget);
+    StaticSingleton<Managers::CWidgetManager>::ref().DeregisterForNonClientHitEvents(Widget());
     for (const ElementPtr& child : m_children)
     {
         if (child)
@@ -291,7 +291,8 @@ void CElement::ProcessEvents(const XMLNode& a_node)
 
 void CElement::ProcessEvent(const XMLNode& a_node)
 {
-    if (!m_widget)
+    const WidgetPtr widget = Widget();
+    if (!widget)
     {
         return;
     }
@@ -300,14 +301,14 @@ void CElement::ProcessEvent(const XMLNode& a_node)
     if (a_node.Name() == "Click")
     {
         m_clickActions = ProcessEventActions(a_node);
-        m_widget->SetClickEventHandler(Keep(new Click::Method<CElement>(this, &CElement::ClickHandler)));
+        widget->SetClickEventHandler(Keep(new Click::Method<CElement>(this, &CElement::ClickHandler)));
         return;
     }
     const bool isShow = a_node.Name() == "Show";
     if (isShow || a_node.Name() == "Hide")
     {
         (isShow ? m_showActions : m_hideActions) = ProcessEventActions(a_node);
-        m_widget->SetVisibilityChangedEventHandler(
+        widget->SetVisibilityChangedEventHandler(
             Keep(new Visibility::Method<CElement>(this, &CElement::VisibilityChangedHandler)));
     }
 }
@@ -382,8 +383,9 @@ CElement::ActionPtr CElement::ProcessAction_ActivateLayout(const XMLNode& a_node
 
 CElement::ActionPtr CElement::ProcessAction_Property(const XMLNode& a_node)
 {
-    const std::string own = m_widget ? m_widget->GetName(false) : "";
-    return ActionPtr(new Actions::CProperty(Actions::CProperty::Read(a_node, own)));
+    const WidgetPtr own = Widget();
+    return ActionPtr(
+        new Actions::CProperty(Actions::CProperty::Read(a_node, own ? own->GetName(false) : std::string())));
 }
 
 CElement::ActionPtr CElement::ProcessAction_Condition(const XMLNode& a_node)
