@@ -111,6 +111,11 @@ const std::array<SAttribute<CElement::SCommon>, 8> CElement::s_commonRows{
     SAttribute<SCommon>{"enabled", &SCommon::enabled, "whether it reacts; of labels and images alone"},
 };
 
+bool Actions::CStop::Execute(CElement&)
+{
+    return false;
+}
+
 CElement::CElement() = default;
 
 CElement::~CElement() = default;

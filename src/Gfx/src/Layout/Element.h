@@ -18,6 +18,18 @@
 namespace Gfx::Layout
 {
 
+namespace Actions
+{
+
+/// Ends the list, and all lists that it is nested in.
+class GFX_API CStop : public CAction
+{
+public:
+    bool Execute(CElement& a_element) override;
+};
+
+} // namespace Actions
+
 /// An event of an element in a list of them, for documentation and editors.
 struct SEventInfo
 {

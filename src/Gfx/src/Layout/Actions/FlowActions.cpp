@@ -102,11 +102,6 @@ Managers::CLayoutManager& Layouts()
 
 } // namespace
 
-bool CStop::Execute(CElement&)
-{
-    return false;
-}
-
 CCondition::CCondition(const SValues& a_values, ActionList a_actions)
     : m_type(ComparisonOf(a_values.type)), m_lhs(a_values.lhs), m_rhs(a_values.rhs), m_actions(std::move(a_actions))
 {

@@ -9,13 +9,6 @@
 namespace Gfx::Layout::Actions
 {
 
-/// Ends the list, and all lists that it is nested in.
-class GFX_API CStop : public CAction
-{
-public:
-    bool Execute(CElement& a_element) override;
-};
-
 /// Runs a list of its own if a comparison holds.
 class GFX_API CCondition : public CAction
 {
