@@ -38,7 +38,12 @@ public:
     using ElementType = T;
 
     SharedPtr() noexcept = default;
-    SharedPtr(std::nullptr_t) noexcept {}
+
+    /// For nullptr alone: a NULL or a 0 is a T*.
+    template <typename Null>
+    SharedPtr(Null) noexcept requires(std::is_null_pointer_v<Null>)
+    {
+    }
 
     /// Takes a_object over. An object is taken over once only; further pointers to it are copies.
     explicit SharedPtr(T* a_object) : SharedPtr(a_object, nullptr) {}

@@ -64,11 +64,13 @@ TEST(SharedPtrTest, AnEmptyPointerHasNoCounterAndNeitherHasItsCopy)
     const SharedPtr<CFinal, CCountingCounter> empty(static_cast<CFinal*>(nullptr));
     const SharedPtr<CFinal, CCountingCounter> copy(empty);
     const SharedPtr<CFinal, CCountingCounter> cast = empty.StaticCast<CFinal>();
+    const SharedPtr<CFinal, CCountingCounter> old(NULL); // NOLINT(modernize-use-nullptr)
     EXPECT_EQ(s_cells, 0);
     EXPECT_FALSE(copy);
     EXPECT_EQ(copy.Count(), 0U);
     EXPECT_TRUE(empty == copy);
     EXPECT_TRUE(cast == nullptr);
+    EXPECT_TRUE(old == nullptr);
     EXPECT_FALSE(empty != (SharedPtr<CFinal>()));
 }
 
