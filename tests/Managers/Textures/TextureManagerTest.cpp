@@ -10,6 +10,7 @@
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -177,6 +178,39 @@ TEST_F(TextureManagerTest, TheLaterElementOfAPageAndTheEarlierPageWin)
         <Image file="b.png" width="64" height="32">
           <Element name="x" left="0" top="0" width="9" height="9" border="3"/></Image>)");
     EXPECT_EQ(m_manager.GetElementMargin("x", Left), 2);
+}
+
+TEST(TexturePageTest, AnElementThatIsReplacedIsNotDeleted)
+{
+    class CElement : public Gfx::Managers::CSimpleElement
+    {
+    public:
+        CElement(int& a_alive, int a_border) : CSimpleElement(0, 0, 9, 9, 64, 32, a_border), m_alive(a_alive)
+        {
+            ++m_alive;
+        }
+        ~CElement() override { --m_alive; }
+
+    private:
+        int& m_alive;
+    };
+    int alive = 0;
+    const auto replaced = std::make_unique<CElement>(alive, 1);
+    {
+        Gfx::Managers::CTexturePage page("page.png", 64, 32);
+        page.AddElement("x", replaced.get());
+        auto* const element = new CElement(alive, 2);
+        page.AddElement("x", element);
+        page.AddElement("x", element);
+        page.AddElement("y", new CElement(alive, 3));
+        EXPECT_EQ(alive, 3);
+        EXPECT_EQ(page.GetElementMargin("x", Left), 2);
+        page.TakeElement("y").reset();
+        EXPECT_EQ(alive, 2);
+        EXPECT_FALSE(page.HasElement("y"));
+        EXPECT_EQ(page.TakeElement("y"), nullptr);
+    }
+    EXPECT_EQ(alive, 1);
 }
 
 TEST_F(TextureManagerTest, AFailedPageIsTriedOnceAndAnUnknownNameChangesNoQuads)

@@ -160,6 +160,7 @@ void CTextureManager::ReadElement(const Core::IO::XMLNode& a_element, const std:
         auto* element = new CSimpleElement(left, top, width, height, a_page.Width(), a_page.Height(), border);
         element->SetBorders(Number(a_element, "border-top", border), Number(a_element, "border-bottom", border),
                             Number(a_element, "border-left", border), Number(a_element, "border-right", border));
+        a_page.TakeElement(name).reset();
         a_page.AddElement(name, element);
         // The first page that has a name keeps it.
         m_pageOfElement.emplace(name, &a_page);

@@ -12,6 +12,14 @@ CTexturePage::CTexturePage(const std::string& a_file, int a_width, int a_height)
 {
 }
 
+CTexturePage::~CTexturePage()
+{
+    for (const auto& [name, element] : m_elements)
+    {
+        delete element;
+    }
+}
+
 bool CTexturePage::LoadTexture()
 {
     if (m_loadAttempted)
@@ -45,8 +53,20 @@ void CTexturePage::AddElement(const std::string& a_name, CTexturedElement* a_ele
 {
     if (a_element != nullptr)
     {
-        m_elements[a_name].reset(a_element);
+        m_elements[a_name] = a_element;
     }
+}
+
+std::unique_ptr<CTexturedElement> CTexturePage::TakeElement(const std::string& a_name)
+{
+    const auto element = m_elements.find(a_name);
+    if (element == m_elements.end())
+    {
+        return nullptr;
+    }
+    std::unique_ptr<CTexturedElement> taken(element->second);
+    m_elements.erase(element);
+    return taken;
 }
 
 bool CTexturePage::RetrieveElement(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
@@ -79,7 +99,7 @@ const CTexturedElement* CTexturePage::LocateElement(const std::string& a_name, v
         return nullptr;
     }
     a_texture = m_texture;
-    return element->second.get();
+    return element->second;
 }
 
 } // namespace Gfx::Managers

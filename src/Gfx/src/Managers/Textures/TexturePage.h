@@ -22,7 +22,7 @@ public:
 
     /// a_file is the image's path. The size in pixels is what the elements are measured by; it has to be the image's.
     CTexturePage(const std::string& a_file, int a_width, int a_height);
-    virtual ~CTexturePage() = default;
+    virtual ~CTexturePage();
     CTexturePage(const CTexturePage&) = delete;
     CTexturePage& operator=(const CTexturePage&) = delete;
 
@@ -41,8 +41,12 @@ public:
     /// In pixels; 0 if the page has no such element.
     [[nodiscard]] int GetElementMargin(const std::string& a_name, Margins::EMargin a_margin) const;
 
-    /// Takes a_element over, in place of one of the same name.
+    /// Takes a_element over, made with new, in place of one of the same name. That one is not deleted: whoever has use
+    /// for it still can, and who has not takes it out first.
     void AddElement(const std::string& a_name, CTexturedElement* a_element);
+
+    /// Gives an element up to the caller; null if the page has none of that name.
+    [[nodiscard]] std::unique_ptr<CTexturedElement> TakeElement(const std::string& a_name);
 
     /// The quads that draw an element in a rectangle of a widget, and the Cogl texture that they are parts of, which
     /// stays the page's. False, with nothing changed, if there is no such element or the image can't be loaded.
@@ -62,7 +66,8 @@ private:
     std::string m_file;
     int m_width = 0;
     int m_height = 0;
-    std::map<std::string, std::unique_ptr<CTexturedElement>> m_elements;
+    /// The page deletes them at its end.
+    std::map<std::string, CTexturedElement*> m_elements;
     bool m_loadAttempted = false;
 };
 
