@@ -162,4 +162,21 @@ TEST_F(TimerManagerTest, CallbacksMayAddAndRemoveOthersEvenWhenTheyDie)
     RunAWhile();
 }
 
+TEST_F(TimerManagerTest, AManagerOfOnesOwnRunsItsTimersToItsEnd)
+{
+    CCounting::SCounts removed;
+    {
+        CTimerManager manager;
+        const unsigned int handle = manager.AddTimeoutMs(1, new CCounting(removed, [] { return true; }));
+        manager.AddTimeoutMs(1, new CCounting(m_counts, [] { return true; }));
+        RunUntil([&] { return removed.runs >= 2 && m_counts.runs >= 2; });
+        EXPECT_FALSE(Timers().RemoveTimeout(handle));
+        EXPECT_TRUE(manager.RemoveHandle(handle));
+        EXPECT_EQ(removed.alive, 0);
+        m_counts.runs = 0;
+    }
+    RunAWhile();
+    EXPECT_EQ(m_counts.runs, 0);
+}
+
 } // namespace

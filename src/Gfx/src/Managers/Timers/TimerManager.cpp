@@ -13,14 +13,24 @@ namespace Gfx::Managers
 
 struct CTimerManager::CTimerObject
 {
+    /// Null once it has removed the timer, or is gone itself.
+    CTimerManager* manager = nullptr;
     /// Shared with a run that is going on; empty once the timer is removed.
     Core::SharedPtr<Callback> callback;
     unsigned int handle = 0;
 };
 
+CTimerManager::~CTimerManager()
+{
+    for (const auto& [handle, timer] : m_timers)
+    {
+        timer->manager = nullptr;
+    }
+}
+
 unsigned int CTimerManager::AddTimeoutMs(int a_milliseconds, Callback* a_callback)
 {
-    auto* const object = new CTimerObject{Core::SharedPtr<Callback>(a_callback)};
+    auto* const object = new CTimerObject{this, Core::SharedPtr<Callback>(a_callback)};
     // Without a pause the timer would keep the stage from ever being painted.
     object->handle = clutter_threads_add_timeout_full(
         G_PRIORITY_DEFAULT, static_cast<guint>(std::max(a_milliseconds, 1)), OnTimer, object, OnSourceEnd);
@@ -50,6 +60,7 @@ bool CTimerManager::RemoveHandle(unsigned int a_handle)
     }
     // The callback's destructor, at the end of this block, may end the source, and with it the object.
     const Core::SharedPtr<Callback> callback = std::exchange(timer->second->callback, nullptr);
+    timer->second->manager = nullptr;
     m_timers.erase(timer);
     return true;
 }
@@ -72,14 +83,18 @@ bool CTimerManager::TimerExpired(void* a_object)
 
 int CTimerManager::OnTimer(void* a_object)
 {
-    return ref().TimerExpired(a_object) ? TRUE : FALSE;
+    CTimerManager* const manager = static_cast<CTimerObject*>(a_object)->manager;
+    return manager != nullptr && manager->TimerExpired(a_object) ? TRUE : FALSE;
 }
 
 void CTimerManager::OnSourceEnd(void* a_object)
 {
     auto* const object = static_cast<CTimerObject*>(a_object);
-    // Still known if something beside this class has ended the source.
-    static_cast<void>(ref().RemoveHandle(object->handle));
+    if (object->manager != nullptr)
+    {
+        // Something beside this class has ended the source.
+        static_cast<void>(object->manager->RemoveHandle(object->handle));
+    }
     delete object;
 }
 

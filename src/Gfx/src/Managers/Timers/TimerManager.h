@@ -24,8 +24,9 @@ public:
 
     CTimerManager() = default;
 
-    /// The callbacks that are left are not deleted: what they would call may be gone by then.
-    virtual ~CTimerManager() = default;
+    /// The callbacks that are left don't run any more, and are not deleted here: what they would call may be gone by
+    /// then.
+    virtual ~CTimerManager();
     CTimerManager(const CTimerManager&) = delete;
     CTimerManager& operator=(const CTimerManager&) = delete;
 
