@@ -61,6 +61,13 @@ TEST_F(WidgetManagerTest, SelectMovesTheKeyboardToEnabledWidgets)
     second->Enable();
     CRecordingWidget::s_hook = [&](CRecordingWidget&, const std::string&) { second->Disable(); };
     EXPECT_EQ(LogOf([&] { Widgets().Select(second); }), "c:Deselect a:Deselect c:Key(7) ") << "disabled meanwhile";
+    second->Enable();
+    CRecordingWidget::s_hook = [&](CRecordingWidget& a_widget, const std::string&)
+    {
+        second->Disable();
+        first->DestroyChild(&a_widget);
+    };
+    EXPECT_EQ(LogOf([&] { Widgets().Select(second); }), "c:Deselect ") << "and the other one destroyed";
 }
 
 TEST_F(WidgetManagerTest, ADestructionSelectsTheTopmostOnlyIfTheWidgetWasSelected)

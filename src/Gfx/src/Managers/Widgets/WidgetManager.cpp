@@ -273,10 +273,10 @@ void CWidgetManager::ChangeSelection(const WidgetPtr& a_widget)
     {
         selected->Deselect();
     }
-    // The handlers that have just run may have disabled it.
+    // The handlers that have just run may have disabled it, or destroyed the other.
     if (!a_widget->Enabled())
     {
-        if (!m_selectedWidget)
+        if (!m_selectedWidget && selected && !selected->m_destroyed)
         {
             m_selectedWidget = selected;
         }
