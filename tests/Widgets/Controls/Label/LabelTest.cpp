@@ -4,6 +4,8 @@
 #include "Gfx/Common/Alignment.h"
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
+#include "Widgets/Controls/Button/Button.h"
+#include "Widgets/Controls/CheckBox/CheckBox.h"
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
 
@@ -256,6 +258,26 @@ TEST_F(LabelTest, AResizeHandlerMayDestroyItsLabel)
         operation(*label);
         EXPECT_FALSE(Widgets().FindWidget("label", nullptr));
     }
+}
+
+TEST_F(LabelTest, AResizeHandlerMayDestroyTheControlThatTheLabelLiesIn)
+{
+    Core::Functor<bool, CWidget*, int, int>::Callable handler(
+        [](CWidget* a_label, int, int)
+        {
+            Widgets().DestroyWidget(a_label->Parent());
+            return true;
+        });
+    const auto destroysItself = [&handler](auto* a_control)
+    {
+        const auto label = AddChild(*a_control, new CLabel("label", 0, 0, 200, 60, false, true, false, "Text", true));
+        Widgets().AddWidget(GfxTest::WidgetPtr(a_control));
+        label->SetResizeEventHandler(&handler);
+        a_control->Text("other");
+        return !Widgets().FindWidget("control", nullptr);
+    };
+    EXPECT_TRUE(destroysItself(new Gfx::Widgets::CButton("control", 100, 100, 200, 60, false)));
+    EXPECT_TRUE(destroysItself(new Gfx::Widgets::CCheckBox("control", 100, 100, 200, 60, "Text")));
 }
 
 } // namespace

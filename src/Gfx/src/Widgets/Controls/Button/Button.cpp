@@ -127,10 +127,15 @@ void CButton::LoadImage()
 
 void CButton::Text(const std::string& a_text)
 {
+    const CLife life(Children());
     m_text.SetRaw(a_text);
     UpdateLocalisedText();
-    UpdateLabelPosition();
-    UpdateCustomInfo();
+    // A child's text that was made anew may have run a handler that ends this widget.
+    if (!life.IsOver())
+    {
+        UpdateLabelPosition();
+        UpdateCustomInfo();
+    }
 }
 
 void CButton::Font(const Text::CFontSettings& a_font)

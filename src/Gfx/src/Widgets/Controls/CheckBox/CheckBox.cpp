@@ -82,10 +82,15 @@ void CCheckBox::StoreChecked(bool a_checked)
 
 void CCheckBox::Text(const std::string& a_text)
 {
+    const CLife life(Children());
     m_text.SetRaw(a_text);
     UpdateLocalisedText();
-    UpdateLabelPosition();
-    UpdateCustomInfo();
+    // A child's text that was made anew may have run a handler that ends this widget.
+    if (!life.IsOver())
+    {
+        UpdateLabelPosition();
+        UpdateCustomInfo();
+    }
 }
 
 void CCheckBox::Font(const Text::CFontSettings& a_font)
