@@ -52,7 +52,7 @@ void CTextureLayer::Prepare()
 
 bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle)
 {
-    if (m_file != a_path)
+    if (m_file != a_path || a_path.empty())
     {
         DropTexture();
         m_valid = Textures().LoadFileAsTexture(a_path, 0, 0, 0, 0, m_quads, m_texture);
@@ -78,10 +78,17 @@ bool CTextureLayer::RetrieveImage(const std::string& a_name, bool a_isFile, cons
 
 bool CTextureLayer::RetrieveData(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel)
 {
-    DropTexture();
-    m_valid = Textures().LoadDataAsTexture(a_data, a_width, a_height, a_bytesPerPixel, m_quads, m_texture);
-    m_owned = m_valid;
-    return m_valid;
+    void* texture = m_texture;
+    const bool isLoaded = Textures().LoadDataAsTexture(a_data, a_width, a_height, a_bytesPerPixel, m_quads, texture);
+    // Whatever is drawn now, a file of that name is to be read anew.
+    m_file.clear();
+    if (texture != m_texture)
+    {
+        DropTexture();
+        m_texture = texture;
+        m_valid = m_owned = isLoaded;
+    }
+    return isLoaded;
 }
 
 void CTextureLayer::DropTexture()

@@ -40,7 +40,7 @@ public:
     bool RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle);
 
     /// The same for pixels in memory, as Managers::CTextureManager::LoadDataAsTexture takes them; they draw at their
-    /// own size.
+    /// own size. False, and the layer stays as it is, for a form that there isn't.
     bool RetrieveData(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel);
 
     /// An image that may be either: RetrieveFile() if a_isFile, else Retrieve() of the element of that name.

@@ -104,7 +104,21 @@ TEST_F(ImageTest, PixelsFromMemoryDrawAtTheirOwnSizeUntilAResize)
     EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none");
     image->SetImage(pixels.data(), 4, 3, 3);
     image->SetImage(pixels.data(), 4, 3, 2);
-    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none") << "there is no format of two bytes";
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "50,60 4 x 3") << "there is no format of two bytes";
+    GfxTest::ExpectLog("Error loading texture from data.");
+    image->SetImage(pixels.data(), 0, 3, 3);
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none");
+}
+
+TEST_F(ImageTest, PixelsInPlaceOfAFileAreSoughtAsOneWithoutAName)
+{
+    const auto image = Add(GFX_TEST_DATA "TextureMaps/Solid.png");
+    const std::array<unsigned char, 3> pixel{255, 0, 0};
+    image->SetImage(pixel.data(), 1, 1, 3);
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "50,60 1 x 1");
+    GfxTest::ExpectLog("Error loading texture .");
+    image->Resize(50, 50);
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "none");
 }
 
 } // namespace

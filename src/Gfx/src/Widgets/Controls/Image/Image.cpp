@@ -32,7 +32,6 @@ void CImage::SetImage(const unsigned char* a_data, int a_width, int a_height, in
         return;
     }
     m_imageName.clear();
-    m_isFile = false;
     m_layer.RetrieveData(a_data, a_width, a_height, a_bytesPerPixel);
     UpdateCustomInfo();
     Invalidate(false);

@@ -20,7 +20,8 @@ public:
     void SetImage(const std::string& a_image);
 
     /// Copies the pixels, rows from the top without padding: 1 byte each (alpha), 3 (red, green, blue) or 4 (and
-    /// alpha). They are drawn at their own size, and lost at the next Resize. Null does nothing.
+    /// alpha). They are drawn at their own size, and lost at the next Resize. Null does nothing; pixels of another
+    /// number of bytes leave the picture as it is, without its name.
     void SetImage(const unsigned char* a_data, int a_width, int a_height, int a_bytesPerPixel);
 
     /// Makes the quads anew, for the elements, the theme and the size that hold now. Happens by itself.
@@ -33,6 +34,7 @@ public:
 
 private:
     std::string m_imageName;
+    /// Whether the last name was that of a file; pixels from memory don't change it.
     bool m_isFile = false;
     CTextureLayer m_layer;
 };
