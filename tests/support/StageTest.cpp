@@ -259,6 +259,11 @@ CWidgetManager& CStageTest::Widgets()
     return StaticSingleton<CWidgetManager>::ref();
 }
 
+void CStageTest::SetTheme(const std::string& a_theme)
+{
+    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme(a_theme);
+}
+
 void CStageTest::Press(int a_x, int a_y)
 {
     StaticSingleton<CGfxManager>::ref().InjectMouseEvent(Gfx::Events::FirstDown, a_x, a_y, false);
@@ -333,7 +338,7 @@ void CControlTest::SetUpTestSuite()
 void CControlTest::SetUp()
 {
     CStageTest::SetUp();
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Plain");
+    SetTheme("Plain");
 }
 
 std::string CControlTest::ShownExtent(const Gfx::CColour& a_colour)

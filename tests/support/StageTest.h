@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/Functor.h"
 #include "Core/SharedPtr.h"
 #include "Gfx/Common/Colour.h"
 #include "Gfx/Common/MouseEvent.h"
@@ -29,6 +30,12 @@ namespace GfxTest
 {
 
 using WidgetPtr = Core::SharedPtr<Gfx::Widgets::CWidget>;
+
+// What the handlers of a widget are made of.
+using Notify = Core::Functor<void, Gfx::Widgets::CWidget*>;
+using Toggle = Core::Functor<void, Gfx::Widgets::CWidget*, bool>;
+using Mouse =
+    Core::Functor<void, Gfx::Widgets::CWidget*, Gfx::Events::EMouseEvent, int, const Gfx::Common::CPoint&, bool>;
 
 /// A widget of one colour that counts how often it draws.
 class CBlock : public Gfx::Widgets::CWidget
@@ -112,6 +119,7 @@ protected:
     void TearDown() override;
 
     static Gfx::Managers::CWidgetManager& Widgets();
+    static void SetTheme(const std::string& a_theme);
 
     /// Adds a widget and destroys it at the end of the test.
     static void AddToStage(const WidgetPtr& a_widget);

@@ -37,7 +37,7 @@ protected:
         m_directory.Write("Configuration/ThemeConfig.xml", R"(<Themes>
             <Theme id="plain"/><Theme id="swapped"><Element id="Left" value="Right"/></Theme></Themes>)");
         StaticSingleton<Gfx::Managers::CThemeManager>::ref().Initialise(m_directory.Path());
-        StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("plain");
+        SetTheme("plain");
     }
 
     /// The left half red, the right half lime.
@@ -107,7 +107,7 @@ TEST_F(TextureManagerTest, AnElementIsDrawnFromItsPageThroughTheTheme)
     EXPECT_EQ(FreshPicture().At(140, 110), Black);
     EXPECT_EQ(m_manager.GetElementMargin("Left", Left), 7);
 
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("swapped");
+    SetTheme("swapped");
     ASSERT_TRUE(Retrieve("Left"));
     EXPECT_EQ(m_quads.size(), 1U);
     EXPECT_EQ(m_manager.GetElementMargin("Left", Left), 0);

@@ -53,7 +53,7 @@ protected:
     void SetUp() override
     {
         CStageTest::SetUp();
-        StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme(GetParam());
+        SetTheme(GetParam());
         m_screen = AddTopLevel(new CImage("screen", 0, 0, 800, 480, "Screen"));
     }
 

@@ -1,7 +1,6 @@
 #include "Widgets/Controls/Button/Button.h"
 
 #include "Core/Functor.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
 
@@ -14,7 +13,6 @@
 namespace
 {
 
-using Core::Patterns::StaticSingleton;
 using Gfx::CColour;
 using Gfx::Common::CPoint;
 using Gfx::Widgets::CButton;
@@ -133,7 +131,7 @@ TEST_F(ButtonTest, ADisabledButtonIsGreyAndDeaf)
     EXPECT_EQ(clicks, 1);
     EXPECT_NEAR(Look().Blue(), 80, 1);
     EXPECT_EQ(GfxTest::TextColour(LabelOf(*button)).Red(), 127);
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(GfxTest::TextColour(LabelOf(*button)).Green(), 127) << "a theme switch keeps the text dim";
     button->SetProperty("Enabled", "anything else");
     Click(110, 110);
@@ -172,7 +170,7 @@ TEST_F(ButtonTest, TextureSetsAreSwitchedAsAWhole)
     Release(110, 110);
     button->Resize(80, 40);
     EXPECT_EQ(ShownExtent(k_inactive), "100,100 80 x 40");
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(ShownExtent(k_alternate), "100,100 80 x 40");
 }
 

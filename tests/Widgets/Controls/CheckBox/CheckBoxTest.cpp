@@ -1,7 +1,6 @@
 #include "Widgets/Controls/CheckBox/CheckBox.h"
 
 #include "Core/Functor.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <clutter/clutter.h>
@@ -69,7 +68,7 @@ TEST_F(CheckBoxTest, TextAndLookFollowLanguageAndTheme)
     box->Text("Localised:key");
     EXPECT_EQ(GfxTest::ShownText(TextOf(*box)), "key");
     EXPECT_EQ(box->GetCustomInfo().at("Text"), "key");
-    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(GfxTest::TextColour(TextOf(*box)), Gfx::Colours::Lime);
     EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "104,104 34 x 34");
 }

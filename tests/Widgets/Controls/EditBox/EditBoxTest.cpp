@@ -1,7 +1,6 @@
 #include "Widgets/Controls/EditBox/EditBox.h"
 
 #include "Core/Functor.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <clutter/clutter.h>
@@ -250,7 +249,7 @@ TEST_F(EditBoxTest, FontAndSkinFollowTheTheme)
     font.alignment = 0x33;
     box->Font(font);
     EXPECT_EQ(box->Font().alignment, 0x11);
-    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(GfxTest::TextColour(EntryOf(*box)), Gfx::Colours::Lime);
     EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "100,100 206 x 50");
 }

@@ -1,6 +1,5 @@
 #include "Widgets/Controls/Image/Image.h"
 
-#include "Managers/Themes/ThemeManager.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
@@ -44,7 +43,7 @@ TEST_F(ImageTest, AnElementFillsTheWidgetInEveryTheme)
     image->SetImage("ControlInactive_Up");
     EXPECT_EQ(ShownExtent(k_blue), "50,60 30 x 20");
     EXPECT_EQ(image->GetCustomInfo().at("Image"), "ControlInactive_Up");
-    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "50,60 30 x 20");
     image->SetImage("unknown");
     EXPECT_EQ(ShownExtent(Yellow), "none");

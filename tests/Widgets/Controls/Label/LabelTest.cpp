@@ -3,7 +3,6 @@
 #include "Core/Localisation/Manager.h"
 #include "Gfx/Common/Alignment.h"
 #include "Managers/Textures/TextureManager.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "Widgets/Controls/Button/Button.h"
 #include "Widgets/Controls/CheckBox/CheckBox.h"
 #include "support/StageTest.h"
@@ -52,7 +51,7 @@ protected:
     void SetUp() override
     {
         CStageTest::SetUp();
-        StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Plain");
+        SetTheme("Plain");
     }
 
     static Core::SharedPtr<CLabel> Add(const SLabel& a_label)
@@ -170,7 +169,7 @@ TEST_F(LabelTest, TheThemeChangesColourAndBackground)
     const auto label = Add({.text = ""});
     label->Background(true);
     EXPECT_EQ(FreshPicture().At(200, 130), CColour(90, 90, 90, 255));
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     Settle();
     EXPECT_EQ(ShownPicture().At(200, 130), CColour(255, 128, 64, 255));
     EXPECT_TRUE(label->Font().colour == Gfx::Colours::Lime);

@@ -1,7 +1,6 @@
 #include "Widgets/Controls/ListBox/ListBox.h"
 
 #include "Managers/Config/ConfigManager.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "Widgets/Controls/ItemList/ShownList.h"
 #include "Widgets/Controls/Window/Window.h"
 
@@ -262,7 +261,7 @@ TEST_F(ListBoxTest, RowsAreDrawnByTheirStateAndTheTheme)
         Release(110, 125);
         EXPECT_EQ(look(110, 125), colours.second);
     }
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(GfxTest::TextColour(label()), Gfx::Colours::Lime);
     EXPECT_EQ(look(110, 125), CColour(255, 128, 64, 255));
     EXPECT_EQ(look(101, 51), CColour(10, 200, 100, 255));

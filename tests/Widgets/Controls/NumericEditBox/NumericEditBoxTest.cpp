@@ -1,7 +1,6 @@
 #include "Widgets/Controls/NumericEditBox/NumericEditBox.h"
 
 #include "Core/Functor.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <clutter/clutter.h>
@@ -282,7 +281,7 @@ TEST_F(NumericEditBoxTest, FontsReachTheFieldsAndFollowTheTheme)
     box->Font(font);
     EXPECT_EQ(box->Font().alignment, 0x11);
     EXPECT_EQ(FieldsOf(*box, "s")[0]->Font().size, 30);
-    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(FieldsOf(*box, "s")[0]->Font().colour, Gfx::Colours::Lime);
 }
 

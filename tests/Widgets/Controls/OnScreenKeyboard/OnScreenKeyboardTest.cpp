@@ -1,7 +1,6 @@
 #include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
 
 #include "Managers/Textures/TextureManager.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
@@ -48,7 +47,7 @@ protected:
     void SetUp() override
     {
         CStageTest::SetUp();
-        StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Plain");
+        SetTheme("Plain");
         COnScreenKeyboard::Keyboards.clear();
         std::filesystem::copy_file(GFX_TEST_DATA + k_file, Data().Path() + k_file,
                                    std::filesystem::copy_options::overwrite_existing);
@@ -280,7 +279,7 @@ TEST_F(OnScreenKeyboardTest, PagesReplaceEachOtherButNotThemselves)
     keyboard->SelectPage("unknown");
     EXPECT_EQ(keys(), 16) << "it is on show already";
     Touch("ShiftKey");
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(keys(), 24);
     keyboard->NextPage();
     EXPECT_EQ(keys(), 6);

@@ -1,7 +1,6 @@
 #include "Widgets/Controls/Panel/Panel.h"
 
 #include "Core/Functor.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <array>
@@ -14,7 +13,6 @@
 namespace
 {
 
-using Core::Patterns::StaticSingleton;
 using Gfx::Colours::Red;
 using Gfx::Common::CPoint;
 using Gfx::Widgets::CPanel;
@@ -134,7 +132,7 @@ TEST_F(PanelTest, ChildrenAreClippedInsideTheBordersWhereverThePanelGoes)
 TEST_F(PanelTest, TheBackgroundFollowsTheThemeAndItsSwitch)
 {
     const auto panel = Add(100, false);
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(ShownExtent({255, 128, 64, 255}), "100,50 300 x 100");
     panel->BackgroundTexture("Icon");
     EXPECT_EQ(ShownExtent({255, 255, 0, 255}), "100,50 300 x 100");

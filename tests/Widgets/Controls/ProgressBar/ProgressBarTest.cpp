@@ -1,6 +1,5 @@
 #include "Widgets/Controls/ProgressBar/ProgressBar.h"
 
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <array>
@@ -72,7 +71,7 @@ TEST_F(ProgressBarTest, TheBarFollowsSizeAndTheme)
     bar->Resize(406, 60);
     bar->SetProperty("Current", "500 of them");
     EXPECT_EQ(ShownExtent(k_bar), "104,106 200 x 44");
-    Core::Patterns::StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(ShownExtent(CColour(255, 128, 64, 255)), "104,106 200 x 44");
 }
 

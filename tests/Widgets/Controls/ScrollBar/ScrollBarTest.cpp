@@ -1,7 +1,6 @@
 #include "Widgets/Controls/ScrollBar/ScrollBar.h"
 
 #include "Core/Functor.h"
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <array>
@@ -13,7 +12,6 @@
 namespace
 {
 
-using Core::Patterns::StaticSingleton;
 using Gfx::CColour;
 using Gfx::Widgets::CScrollBar;
 using Gfx::Widgets::CWidget;
@@ -78,7 +76,7 @@ TEST_F(ScrollBarTest, PartsLieAlongTheBar)
     EXPECT_EQ(ShownExtent(k_left), "108,428 24 x 24");
     vertical->SetTextures("", "ControlInactive_Up", "", "", "");
     EXPECT_EQ(ShownExtent({0, 0, 160, 255}), "104,230 32 x 60");
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(ShownExtent({255, 128, 64, 255}), "104,230 32 x 60");
 }
 

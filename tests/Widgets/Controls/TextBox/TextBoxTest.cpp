@@ -1,6 +1,5 @@
 #include "Widgets/Controls/TextBox/TextBox.h"
 
-#include "Managers/Themes/ThemeManager.h"
 #include "support/StageTest.h"
 
 #include <clutter/clutter.h>
@@ -10,7 +9,6 @@
 namespace
 {
 
-using Core::Patterns::StaticSingleton;
 using Gfx::Common::CPoint;
 using Gfx::Widgets::CTextBox;
 using GfxTest::WidgetPtr;
@@ -96,7 +94,7 @@ TEST_F(TextBoxTest, PropertiesAndThemesReachTheLabel)
     auto font = box->Font();
     font.colourName = "Ink";
     box->Font(font);
-    StaticSingleton<Gfx::Managers::CThemeManager>::ref().SetTheme("Swapped");
+    SetTheme("Swapped");
     EXPECT_EQ(box->Font().colour, Gfx::Colours::Lime);
 }
 
