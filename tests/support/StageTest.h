@@ -33,7 +33,6 @@ using WidgetPtr = Core::SharedPtr<Gfx::Widgets::CWidget>;
 
 // What the handlers of a widget are made of.
 using Notify = Core::Functor<void, Gfx::Widgets::CWidget*>;
-using Toggle = Core::Functor<void, Gfx::Widgets::CWidget*, bool>;
 using Mouse =
     Core::Functor<void, Gfx::Widgets::CWidget*, Gfx::Events::EMouseEvent, int, const Gfx::Common::CPoint&, bool>;
 
