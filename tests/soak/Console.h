@@ -1,16 +1,16 @@
 #pragma once
 
 #include "DataCopy.h"
+#include "FirstValues.h"
 #include "Hands.h"
+#include "Roots.h"
 
 #include "demo/Greenhouse.h"
-#include "support/StageTest.h"
 
 #include <array>
 #include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace Soak
 {
@@ -30,18 +30,6 @@ constexpr std::array k_pages{"Climate", "Irrigation", "Plants",  "House",      "
 constexpr std::array k_themes{"Day", "Night", "Contrast"};
 constexpr std::array k_languages{"en", "de"};
 constexpr SState k_home{"Climate", "Day", "en"};
-
-/// The stage of the tests, for a program that is none.
-class CStage : public GfxTest::CStageTest
-{
-public:
-    using CStageTest::Advance;
-    using CStageTest::FreshPicture;
-    using CStageTest::Settle;
-    using CStageTest::SetUpStage;
-    using CStageTest::WaitForClippedRedraws;
-    using CStageTest::Widgets;
-};
 
 /// The demo in use: the program, its widgets, and the data that they come from.
 class CConsole
@@ -83,35 +71,15 @@ public:
     [[nodiscard]] long Applied() const { return m_applied; }
 
 private:
-    struct SWidget
-    {
-        std::map<std::string, std::string> properties;
-        /// The text as it is to be written, if it is localised.
-        std::string localisedText;
-        std::vector<Gfx::Widgets::SListBoxItem> items;
-        std::string firstItem;
-    };
-
-    /// Keeps how the widgets of an element's children are.
-    void Note(const Core::IO::XMLNode& a_element, const std::string& a_path);
-    void NoteWidget(const std::string& a_path, const std::string& a_text);
-    void LeaveWidget(const std::string& a_path) const;
-    /// True if there was nothing to set back.
-    bool SetBack(const std::string& a_path, const SWidget& a_first);
-    static void ReadLayouts(bool a_remake);
-    /// Fails if one is still there afterwards.
-    void ForgetFormerWidgets() const;
     void CloseBoxes();
     void TapOn(const std::string& a_path);
-    [[nodiscard]] GfxTest::WidgetPtr Find(const std::string& a_path) const;
     void StartProgram();
 
     CDataCopy m_data;
     std::unique_ptr<CHands> m_hands;
     std::unique_ptr<Demo::CGreenhouse> m_program;
-    /// By their paths, those of layouts that aren't on the screen too.
-    std::map<std::string, SWidget> m_first;
-    std::map<std::string, GfxTest::WidgetPtr> m_roots;
+    CRoots m_roots;
+    CFirstValues m_first{m_roots};
     std::map<std::string, std::size_t> m_looks;
     int m_toMinute = 0;
     int m_toCleanUp = 0;
