@@ -4,7 +4,6 @@
 
 #include "support/Png.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <functional>
@@ -44,32 +43,18 @@ void Write(const CPicture& a_picture, const std::string& a_name)
 
 void Compare(const CPicture& a_picture, const CPicture& a_expected, const std::string& a_what)
 {
-    if (a_picture.CountDifferences(a_expected) == 0)
+    const int differences = a_picture.CountDifferences(a_expected);
+    if (differences == 0)
     {
         return;
     }
-    int left = a_picture.Width();
-    int top = a_picture.Height();
-    int right = 0;
-    int bottom = 0;
-    for (int y = 0; y < a_picture.Height(); ++y)
-    {
-        for (int x = 0; x < a_picture.Width(); ++x)
-        {
-            if (!(a_picture.At(x, y) == a_expected.At(x, y)))
-            {
-                left = std::min(left, x);
-                top = std::min(top, y);
-                right = std::max(right, x + 1);
-                bottom = std::max(bottom, y + 1);
-            }
-        }
-    }
+    const Gfx::Common::CAABB box =
+        a_picture.BoxOf([&](int a_x, int a_y) { return a_picture.At(a_x, a_y) != a_expected.At(a_x, a_y); });
     Write(a_picture, "soak-is.png");
     Write(a_expected, "soak-should-be.png");
-    Fail(a_what + ": " + std::to_string(a_picture.CountDifferences(a_expected)) + " pixels differ, within " +
-         std::to_string(left) + ',' + std::to_string(top) + ' ' + std::to_string(right - left) + " x " +
-         std::to_string(bottom - top) + "; see soak-is.png and soak-should-be.png in " + PictureFolder());
+    Fail(a_what + ": " + std::to_string(differences) + " pixels differ, within " + std::to_string(box.Left()) + ',' +
+         std::to_string(box.Top()) + ' ' + std::to_string(box.Width()) + " x " + std::to_string(box.Height()) +
+         "; see soak-is.png and soak-should-be.png in " + PictureFolder());
 }
 
 std::size_t Look(const CPicture& a_picture)

@@ -106,21 +106,64 @@ Gfx::CColour CPicture::At(int a_x, int a_y) const
     return {pixel[0], pixel[1], pixel[2], 255};
 }
 
+int CPicture::CountIf(const Question& a_is) const
+{
+    int count = 0;
+    for (int y = 0; y < m_height; ++y)
+    {
+        for (int x = 0; x < m_width; ++x)
+        {
+            count += a_is(x, y) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+Gfx::Common::CAABB CPicture::BoxOf(const Question& a_is) const
+{
+    int left = m_width;
+    int top = m_height;
+    int right = 0;
+    int bottom = 0;
+    const int count = CountIf(
+        [&](int a_x, int a_y)
+        {
+            if (!a_is(a_x, a_y))
+            {
+                return false;
+            }
+            left = std::min(left, a_x);
+            top = std::min(top, a_y);
+            right = std::max(right, a_x + 1);
+            bottom = std::max(bottom, a_y + 1);
+            return true;
+        });
+    return count > 0 ? Gfx::Common::CAABB(left, top, right - left, bottom - top) : Gfx::Common::CAABB();
+}
+
 int CPicture::CountDifferences(const CPicture& a_other) const
 {
     if (m_width != a_other.m_width || m_height != a_other.m_height)
     {
         return std::max(m_width * m_height, 1);
     }
-    int differences = 0;
-    for (int y = 0; y < m_height; ++y)
+    return CountIf([&](int a_x, int a_y) { return At(a_x, a_y) != a_other.At(a_x, a_y); });
+}
+
+int CPicture::Count(const Gfx::CColour& a_colour) const
+{
+    return CountIf([&](int a_x, int a_y) { return At(a_x, a_y) == a_colour; });
+}
+
+std::string CPicture::Extent(const Gfx::CColour& a_colour) const
+{
+    const Gfx::Common::CAABB box = BoxOf([&](int a_x, int a_y) { return At(a_x, a_y) == a_colour; });
+    if (box.Width() == 0)
     {
-        for (int x = 0; x < m_width; ++x)
-        {
-            differences += At(x, y) == a_other.At(x, y) ? 0 : 1;
-        }
+        return "none";
     }
-    return differences;
+    return (Count(a_colour) == box.Width() * box.Height() ? "" : "holes in ") + std::to_string(box.Left()) + ',' +
+           std::to_string(box.Top()) + ' ' + std::to_string(box.Width()) + " x " + std::to_string(box.Height());
 }
 
 std::string ShownText(ClutterActor* a_actor)
@@ -139,46 +182,6 @@ Gfx::CColour TextColour(ClutterActor* a_actor)
     const Gfx::CColour result(colour->red, colour->green, colour->blue, colour->alpha);
     clutter_color_free(colour);
     return result;
-}
-
-int CPicture::Count(const Gfx::CColour& a_colour) const
-{
-    int count = 0;
-    for (int y = 0; y < m_height; ++y)
-    {
-        for (int x = 0; x < m_width; ++x)
-        {
-            count += At(x, y) == a_colour ? 1 : 0;
-        }
-    }
-    return count;
-}
-
-std::string CPicture::Extent(const Gfx::CColour& a_colour) const
-{
-    int left = m_width;
-    int top = m_height;
-    int right = 0;
-    int bottom = 0;
-    for (int y = 0; y < m_height; ++y)
-    {
-        for (int x = 0; x < m_width; ++x)
-        {
-            if (At(x, y) == a_colour)
-            {
-                left = std::min(left, x);
-                top = std::min(top, y);
-                right = std::max(right, x + 1);
-                bottom = std::max(bottom, y + 1);
-            }
-        }
-    }
-    if (right == 0)
-    {
-        return "none";
-    }
-    return (Count(a_colour) == (right - left) * (bottom - top) ? "" : "holes in ") + std::to_string(left) + ',' +
-           std::to_string(top) + ' ' + std::to_string(right - left) + " x " + std::to_string(bottom - top);
 }
 
 void CStageTest::SetUpTestSuite()

@@ -2,6 +2,7 @@
 
 #include "Core/Functor.h"
 #include "Core/SharedPtr.h"
+#include "Gfx/Common/AABB.h"
 #include "Gfx/Common/Colour.h"
 #include "Gfx/Common/MouseEvent.h"
 #include "Gfx/Common/Point.h"
@@ -78,6 +79,13 @@ public:
     [[nodiscard]] int Width() const { return m_width; }
     [[nodiscard]] int Height() const { return m_height; }
     [[nodiscard]] Gfx::CColour At(int a_x, int a_y) const;
+
+    /// What is asked of a pixel.
+    using Question = std::function<bool(int a_x, int a_y)>;
+
+    /// How many pixels it is true of, and the least box that they lie in: of no size if there are none.
+    [[nodiscard]] int CountIf(const Question& a_is) const;
+    [[nodiscard]] Gfx::Common::CAABB BoxOf(const Question& a_is) const;
 
     /// How many pixels differ: all of them, and at least one, where the sizes do.
     [[nodiscard]] int CountDifferences(const CPicture& a_other) const;

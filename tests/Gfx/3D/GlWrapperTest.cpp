@@ -97,22 +97,28 @@ TEST(GlWrapperTest, CamerasAreTheProductOfTheirTurnsAndTheirMove)
 
 TEST(GlWrapperTest, ACameraBetweenTwoPointsLosesTheSignsOfItsAngles)
 {
-    struct SCase
+    const double level = std::atan2(2.0, std::sqrt(2.0)) * 180 / std::numbers::pi;
+    const Vector3f target(1, 2, 3);
+    const struct
     {
         Vector3f eye;
         double elevation;
         double azimuth;
+    } cases[] = {
+        {{1, 2, 18}, 0, 90},
+        {{1, 2, -12}, 0, 90},
+        {{6, 2, 3}, 0, 0},
+        {{-4, 2, 3}, 0, 180},
+        {{2, 4, 4}, level, 45},
+        {{2, 0, 2}, level, 45},
+        {{0, 0, 2}, level, 135},
+        // Straight above, there is no azimuth; in the target itself, neither angle.
+        {{1, 7, 3}, 90, 0},
+        {{1, 2, 3}, 0, 0},
     };
-    const double level = std::atan2(2.0, std::sqrt(2.0)) * 180 / std::numbers::pi;
-    const Vector3f target(1, 2, 3);
-    for (const SCase& example :
-         {SCase{{1, 2, 18}, 0, 90}, SCase{{1, 2, -12}, 0, 90}, SCase{{6, 2, 3}, 0, 0}, SCase{{-4, 2, 3}, 0, 180},
-          SCase{{2, 4, 4}, level, 45}, SCase{{2, 0, 2}, level, 45}, SCase{{0, 0, 2}, level, 135},
-          // Straight above, there is no azimuth; in the target itself, neither angle.
-          SCase{{1, 7, 3}, 90, 0}, SCase{{1, 2, 3}, 0, 0}})
+    for (const auto& row : cases)
     {
-        ExpectNear(CGlWrapper::Camera_LookAt(example.eye, target),
-                   Camera(example.eye, example.elevation, example.azimuth), 1e-5);
+        ExpectNear(CGlWrapper::Camera_LookAt(row.eye, target), Camera(row.eye, row.elevation, row.azimuth), 1e-5);
     }
 }
 
@@ -191,33 +197,29 @@ TEST(GlWrapperTest, UnProjectingWithoutAnInverseLeavesTheResultAlone)
 
 class GlWrapperStateTest : public GfxTest::CStageTest
 {
-protected:
-    /// Runs a function inside a paint, with OpenGL to itself.
-    static void Paint(void (*a_draw)())
-    {
-        int paints = 0;
-        const auto raw = AddTopLevel(new GfxTest::CDrawing(0, 0, 10, 10,
-                                                           [&]
-                                                           {
-                                                               const Platform::CGlBracket bracket;
-                                                               a_draw();
-                                                               ++paints;
-                                                           }));
-        Settle();
-        Widgets().DestroyWidget(raw.Get());
-        EXPECT_GE(paints, 1);
-    }
 };
 
-constexpr unsigned int k_depthWrite = 0x200000;
+struct SState
+{
+    unsigned int bit;
+    GLenum capability;
+};
 
 /// The colour array is set by glEnable, which Mesa takes.
-constexpr std::array k_bits{0x1U,   0x2U,    0x4U,     0x8U,     0x10U,    0x20U,    0x40U,
-                            0x200U, 0x1000U, 0x20000U, 0x40000U, 0x80000U, 0x100000U};
-constexpr std::array k_capabilities{
-    GL_FOG,          GL_LIGHTING,    GL_TEXTURE_2D,         GL_CULL_FACE,    GL_ALPHA_TEST,
-    GL_BLEND,        GL_LINE_SMOOTH, GL_DEPTH_TEST,         GL_SCISSOR_TEST, GL_VERTEX_ARRAY,
-    GL_NORMAL_ARRAY, GL_COLOR_ARRAY, GL_TEXTURE_COORD_ARRAY};
+constexpr SState k_states[] = {{0x1, GL_FOG},
+                               {0x2, GL_LIGHTING},
+                               {0x4, GL_TEXTURE_2D},
+                               {0x8, GL_CULL_FACE},
+                               {0x10, GL_ALPHA_TEST},
+                               {0x20, GL_BLEND},
+                               {0x40, GL_LINE_SMOOTH},
+                               {0x200, GL_DEPTH_TEST},
+                               {0x1000, GL_SCISSOR_TEST},
+                               {0x20000, GL_VERTEX_ARRAY},
+                               {0x40000, GL_NORMAL_ARRAY},
+                               {0x80000, GL_COLOR_ARRAY},
+                               {0x100000, GL_TEXTURE_COORD_ARRAY}};
+constexpr unsigned int k_depthWrite = 0x200000;
 
 /// What OpenGL itself says.
 unsigned int ActualState()
@@ -225,92 +227,80 @@ unsigned int ActualState()
     GLboolean depthWrite = GL_FALSE;
     glGetBooleanv(GL_DEPTH_WRITEMASK, &depthWrite);
     unsigned int mask = depthWrite != GL_FALSE ? k_depthWrite : 0;
-    for (std::size_t i = 0; i < k_bits.size(); ++i)
+    for (const SState& state : k_states)
     {
-        mask |= glIsEnabled(k_capabilities[i]) != GL_FALSE ? k_bits[i] : 0;
+        mask |= glIsEnabled(state.capability) != GL_FALSE ? state.bit : 0;
     }
     return mask;
 }
 
 TEST_F(GlWrapperStateTest, EachBitIsAStateOfItsOwn)
 {
-    Paint(
-        []
-        {
-            constexpr unsigned int all = 0x3E127F;
-            std::vector<unsigned int> masks{all, 0, k_depthWrite, all & ~k_depthWrite};
-            for (const unsigned int bit : k_bits)
-            {
-                masks.insert(masks.end(), {bit, all & ~bit});
-            }
-            for (const unsigned int mask : masks)
-            {
-                CGlWrapper::ToggleState(mask);
-                EXPECT_EQ(ActualState(), mask);
-                EXPECT_EQ(CGlWrapper::CurrentState(), mask);
-            }
-        });
+    const Platform::CGlBracket alone;
+    constexpr unsigned int all = 0x3E127F;
+    std::vector<unsigned int> masks{all, 0, k_depthWrite, all & ~k_depthWrite};
+    for (const SState& state : k_states)
+    {
+        masks.insert(masks.end(), {state.bit, all & ~state.bit});
+    }
+    for (const unsigned int mask : masks)
+    {
+        CGlWrapper::ToggleState(mask);
+        EXPECT_EQ(ActualState(), mask);
+        EXPECT_EQ(CGlWrapper::CurrentState(), mask);
+    }
 }
 
 TEST_F(GlWrapperStateTest, AMaskThatIsSetAlreadyTouchesNothing)
 {
-    Paint(
-        []
-        {
-            CGlWrapper::ToggleState(0x24);
-            CGlWrapper::ToggleState(0x220200);
-            glDisable(GL_DEPTH_TEST);
-            // Reading the state doesn't store it.
-            EXPECT_EQ(CGlWrapper::CurrentState(), 0x220000U);
-            CGlWrapper::ToggleState(0x220200);
-            EXPECT_EQ(ActualState(), 0x220000U);
-            CGlWrapper::ToggleState(0x24);
-            EXPECT_EQ(ActualState(), 0x24U);
-        });
+    const Platform::CGlBracket alone;
+    CGlWrapper::ToggleState(0x24);
+    CGlWrapper::ToggleState(0x220200);
+    glDisable(GL_DEPTH_TEST);
+    // Reading the state doesn't store it.
+    EXPECT_EQ(CGlWrapper::CurrentState(), 0x220000U);
+    CGlWrapper::ToggleState(0x220200);
+    EXPECT_EQ(ActualState(), 0x220000U);
+    CGlWrapper::ToggleState(0x24);
+    EXPECT_EQ(ActualState(), 0x24U);
 }
 
 TEST_F(GlWrapperStateTest, PushedStatesComeBackInReverse)
 {
-    Paint(
-        []
-        {
-            CGlWrapper::ToggleState(0x3);
-            CGlWrapper::PushState();
-            CGlWrapper::ToggleState(0x220200);
-            CGlWrapper::PushState();
-            CGlWrapper::ToggleState(0);
-            for (const unsigned int expected : {0x220200U, 0x3U, 0x3U})
-            {
-                CGlWrapper::PopState();
-                EXPECT_EQ(ActualState(), expected);
-            }
-            // What was pushed is what OpenGL had, not what was set last; and unless another mask was set since, it
-            // isn't set again.
-            glEnable(GL_BLEND);
-            CGlWrapper::PushState();
-            glDisable(GL_FOG);
-            CGlWrapper::PopState();
-            EXPECT_EQ(ActualState(), 0x22U);
-        });
+    const Platform::CGlBracket alone;
+    CGlWrapper::ToggleState(0x3);
+    CGlWrapper::PushState();
+    CGlWrapper::ToggleState(0x220200);
+    CGlWrapper::PushState();
+    CGlWrapper::ToggleState(0);
+    for (const unsigned int expected : {0x220200U, 0x3U, 0x3U})
+    {
+        CGlWrapper::PopState();
+        EXPECT_EQ(ActualState(), expected);
+    }
+    // What was pushed is what OpenGL had, not what was set last; and unless another mask was set since, it isn't set
+    // again.
+    glEnable(GL_BLEND);
+    CGlWrapper::PushState();
+    glDisable(GL_FOG);
+    CGlWrapper::PopState();
+    EXPECT_EQ(ActualState(), 0x22U);
 }
 
 TEST_F(GlWrapperStateTest, ColoursAreCutToBytesAndDepthIsClearedAsTold)
 {
-    Paint(
-        []
-        {
-            CGlWrapper::SetColour({255, 51, 0, 102});
-            std::array<GLfloat, 4> values{};
-            glGetFloatv(GL_CURRENT_COLOR, values.data());
-            EXPECT_EQ(values, (std::array<GLfloat, 4>{1, 0.2F, 0, 0.4F}));
-            glColor4f(0.5F, 1.0F, 0.999F, 0.0F);
-            EXPECT_EQ(CGlWrapper::GetColour(), Gfx::CColour(127, 255, 254, 0));
-            glColor4f(7.0F, -3.0F, k_nan, k_infinity);
-            EXPECT_EQ(CGlWrapper::GetColour(), Gfx::CColour(255, 0, 0, 255));
-            CGlWrapper::ClearDepth(0.25F);
-            glGetFloatv(GL_DEPTH_CLEAR_VALUE, values.data());
-            EXPECT_EQ(values[0], 0.25F);
-        });
+    const Platform::CGlBracket alone;
+    CGlWrapper::SetColour({255, 51, 0, 102});
+    std::array<GLfloat, 4> values{};
+    glGetFloatv(GL_CURRENT_COLOR, values.data());
+    EXPECT_EQ(values, (std::array<GLfloat, 4>{1, 0.2F, 0, 0.4F}));
+    glColor4f(0.5F, 1.0F, 0.999F, 0.0F);
+    EXPECT_EQ(CGlWrapper::GetColour(), Gfx::CColour(127, 255, 254, 0));
+    glColor4f(7.0F, -3.0F, k_nan, k_infinity);
+    EXPECT_EQ(CGlWrapper::GetColour(), Gfx::CColour(255, 0, 0, 255));
+    CGlWrapper::ClearDepth(0.25F);
+    glGetFloatv(GL_DEPTH_CLEAR_VALUE, values.data());
+    EXPECT_EQ(values[0], 0.25F);
 }
 
 } // namespace

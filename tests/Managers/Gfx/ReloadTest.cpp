@@ -43,9 +43,8 @@ protected:
     {
         CStageTest::SetUp();
         WriteAll();
-        WriteLayouts("");
-        ASSERT_TRUE(Reload().empty());
-        StaticSingleton<CThemeManager>::ref().SetTheme("One");
+        ReloadLayouts("");
+        SetTheme("One");
     }
 
     static void WriteAll()
@@ -100,7 +99,7 @@ protected:
     {
         GfxTest::ExpectLog("parsing layout");
         GfxTest::ExpectLog("layout parsed");
-        StaticSingleton<CLayoutManager>::ref().ApplyLayout(a_layout);
+        Layouts().ApplyLayout(a_layout);
     }
 
     /// The errors.
@@ -112,6 +111,17 @@ protected:
         return errors;
     }
 
+    static void ExpectReload() { EXPECT_EQ(Reload(), std::vector<std::string>()); }
+
+    static void ReloadLayouts(const std::string& a_layouts)
+    {
+        WriteLayouts(a_layouts);
+        ExpectReload();
+    }
+
+    static GfxTest::WidgetPtr Find(const char* a_name) { return Widgets().FindWidget(a_name, nullptr); }
+    static CLayoutManager& Layouts() { return StaticSingleton<CLayoutManager>::ref(); }
+    static CThemeManager& Themes() { return StaticSingleton<CThemeManager>::ref(); }
     static int Value() { return StaticSingleton<CConfigManager>::ref().Get<int>("/Gfx/Value", 0); }
 
     static inline GfxTest::CTemporaryDirectory s_data;
@@ -128,49 +138,57 @@ TEST_F(ReloadTest, WidgetsTakeTheNewArtAndLaterOnesTheNewConfiguration)
     {
         WriteElement(76, 52);
         s_data.Write("Configuration/GfxConfig.xml", "<Gfx><Value>2</Value></Gfx>");
-        EXPECT_TRUE(Reload().empty());
+        ExpectReload();
         EXPECT_EQ(FreshPicture().At(20, 20), k_orange);
         EXPECT_EQ(Value(), 2);
         WriteAll();
-        EXPECT_TRUE(Reload().empty());
+        ExpectReload();
         EXPECT_EQ(FreshPicture().At(20, 20), k_blue);
     }
 }
 
 TEST_F(ReloadTest, TheThemeStaysWhileThereIsOne)
 {
-    CThemeManager& themes = StaticSingleton<CThemeManager>::ref();
-    themes.SetTheme("Two");
+    SetTheme("Two");
     WriteThemes("<Theme id='One'/><Theme id='Two'><Element id='Ink' value='Red'/></Theme>");
-    EXPECT_TRUE(Reload().empty());
-    EXPECT_EQ(themes.GetTheme(), "Two");
-    EXPECT_EQ(themes.Element("Ink", ""), "Red");
+    ExpectReload();
+    EXPECT_EQ(Themes().GetTheme(), "Two");
+    EXPECT_EQ(Themes().Element("Ink", ""), "Red");
     WriteThemes("<Theme id='One'/>");
-    EXPECT_TRUE(Reload().empty());
-    EXPECT_EQ(themes.GetTheme(), "One");
+    ExpectReload();
+    EXPECT_EQ(Themes().GetTheme(), "One");
 }
 
 TEST_F(ReloadTest, AFaultLeavesWhatWasThereAndIsLocated)
 {
     GfxTest::ExpectLog("texture not loaded - loading now");
     const auto image = AddTopLevel(new CImage("image", 0, 0, 40, 40, "Face"));
-    for (const char* file :
-         {"Configuration/GfxConfig.xml", "Configuration/ThemeConfig.xml", "TextureMaps/TextureConfig.xml"})
+    const std::string layouts = Layout("Good", Panel("g"));
+    ReloadLayouts(layouts);
+    Apply("Good");
+    const auto expectUnchanged = [](const std::string& a_file)
+    {
+        EXPECT_EQ(Value(), 1) << a_file;
+        EXPECT_EQ(Themes().GetTheme(), "One") << a_file;
+        EXPECT_EQ(FreshPicture().At(20, 20), k_blue) << a_file;
+        EXPECT_EQ(Screen(), "image g") << a_file;
+    };
+    for (const std::string file : {"Configuration/GfxConfig.xml", "Configuration/ThemeConfig.xml",
+                                   "TextureMaps/TextureConfig.xml", "Layouts/All.xml"})
     {
         WriteAll();
+        WriteLayouts(layouts);
         s_data.Write(file, "<Broken>\n  <Open\n</Broken>");
         GfxTest::ExpectLog(s_data.Path() + file + ":3:");
         const std::vector<std::string> errors = Reload();
         ASSERT_EQ(errors.size(), 1U) << file;
-        EXPECT_NE(errors[0].find(file), std::string::npos);
-        EXPECT_EQ(Value(), 1);
-        EXPECT_EQ(StaticSingleton<CThemeManager>::ref().GetTheme(), "One");
-        EXPECT_EQ(FreshPicture().At(20, 20), k_blue);
+        EXPECT_NE(errors[0].find(file + ":3:"), std::string::npos) << errors[0];
+        expectUnchanged(file);
     }
-    WriteAll();
+    WriteLayouts(layouts);
     s_data.Write("Configuration/ThemeConfig.xml", "<Themes default='Missing'><Theme id='One'/></Themes>");
     EXPECT_EQ(Reload().size(), 1U);
-    EXPECT_EQ(StaticSingleton<CThemeManager>::ref().GetTheme(), "One");
+    expectUnchanged("a default theme that is missing");
 }
 
 TEST_F(ReloadTest, ModelsAreReadAgainIfTheyHaveBeenRead)
@@ -185,13 +203,13 @@ TEST_F(ReloadTest, ModelsAreReadAgainIfTheyHaveBeenRead)
     const auto has = [&models](const char* a_id) { return bool(models.GetModelColoured("C", a_id, "")); };
     s_data.Write("Models/S/M.obj", "v 0 0 0\n");
     write("A");
-    EXPECT_TRUE(Reload().empty());
+    ExpectReload();
     EXPECT_FALSE(has("A"));
     models.Initialise(s_data.Path());
     EXPECT_TRUE(has("A"));
     write("B");
     Settle();
-    EXPECT_TRUE(Reload().empty());
+    ExpectReload();
     EXPECT_TRUE(!has("A") && has("B"));
     EXPECT_GT(Settle(), 0) << "scenes may have changed";
     s_data.Write("Models/Models.xml", "<Models>");
@@ -204,44 +222,44 @@ TEST_F(ReloadTest, ModelsAreReadAgainIfTheyHaveBeenRead)
 TEST_F(ReloadTest, AChangedLayoutTakesThePlaceOfTheFormerOneAndTheOthersStay)
 {
     const std::string other = Layout("Other", Panel("o1") + Panel("o2"));
-    WriteLayouts(Layout("Main", Panel("m1") + Panel("m2") + Panel("m3")) + other + Layout("Unused", Panel("u")));
-    EXPECT_TRUE(Reload().empty());
+    ReloadLayouts(Layout("Main", Panel("m1") + Panel("m2") + Panel("m3")) + other + Layout("Unused", Panel("u")));
     Apply("Main");
     Apply("Other");
-    StaticSingleton<CLayoutManager>::ref().SetFlag("reload", "kept");
-    Widgets().BringToFront(Widgets().FindWidget("m1", nullptr).Get());
-    Widgets().FindWidget("m2", nullptr)->Hide();
+    Layouts().SetFlag("reload", "kept");
+    Widgets().BringToFront(Find("m1").Get());
+    Find("m2")->Hide();
     ASSERT_EQ(Screen(), "(m2) m3 o1 o2 m1");
-    const Gfx::Widgets::CWidget* const kept = Widgets().FindWidget("o1", nullptr).Get();
+    const Gfx::Widgets::CWidget* const kept = Find("o1").Get();
 
-    struct SCase
+    const struct
     {
         std::string main;
-        std::string screen;
+        const char* screen;
+    } cases[] = {
+        {Panel("m1") + Panel("m2", "width='9'") + Panel("m3"), "(m2) m3 o1 o2 m1"},
+        // One more lies over the one that it follows, one fewer is gone.
+        {Panel("new") + Panel("m1") + Panel("m4") + Panel("m2"), "new (m2) o1 o2 m1 m4"},
+        // What the file itself shows or hides goes before what was open.
+        {Panel("m1", "visible='False'") + Panel("m2"), "(m2) o1 o2 (m1)"},
+        {"", "o1 o2"},
+        {Panel("m1"), "o1 o2 m1"},
     };
-    for (const SCase& c : {SCase{Panel("m1") + Panel("m2", "width='9'") + Panel("m3"), "(m2) m3 o1 o2 m1"},
-                           // One more lies over the one that it follows, one fewer is gone.
-                           SCase{Panel("new") + Panel("m1") + Panel("m4") + Panel("m2"), "new (m2) o1 o2 m1 m4"},
-                           // What the file itself shows or hides goes before what was open.
-                           SCase{Panel("m1", "visible='False'") + Panel("m2"), "(m2) o1 o2 (m1)"}, SCase{"", "o1 o2"},
-                           SCase{Panel("m1"), "o1 o2 m1"}})
+    for (const auto& row : cases)
     {
-        WriteLayouts(Layout("Main", c.main) + other);
-        EXPECT_TRUE(Reload().empty());
-        EXPECT_EQ(Screen(), c.screen);
-        EXPECT_EQ(Widgets().FindWidget("o1", nullptr).Get(), kept);
-        EXPECT_EQ(StaticSingleton<CLayoutManager>::ref().GetFlag("reload"), "kept");
+        ReloadLayouts(Layout("Main", row.main) + other);
+        EXPECT_EQ(Screen(), row.screen);
+        EXPECT_EQ(Find("o1").Get(), kept);
+        EXPECT_EQ(Layouts().GetFlag("reload"), "kept");
     }
     // Neither one that the application has taken away, nor one that was never shown.
-    Widgets().DestroyWidget(Widgets().FindWidget("m1", nullptr).Get());
-    WriteLayouts(Layout("Main", Panel("m1", "width='7'")) + other + Layout("Unused", Panel("u", "width='7'")));
-    EXPECT_TRUE(Reload().empty());
+    Widgets().DestroyWidget(Find("m1").Get());
+    ReloadLayouts(Layout("Main", Panel("m1", "width='7'")) + other + Layout("Unused", Panel("u", "width='7'")));
     EXPECT_EQ(Screen(), "o1 o2");
     // A new configuration makes all of them anew.
     s_data.Write("Configuration/GfxConfig.xml", "<Gfx><Value>5</Value></Gfx>");
-    EXPECT_TRUE(Reload().empty());
+    ExpectReload();
     EXPECT_EQ(Screen(), "o1 o2");
-    EXPECT_NE(Widgets().FindWidget("o1", nullptr).Get(), kept);
+    EXPECT_NE(Find("o1").Get(), kept);
 }
 
 TEST_F(ReloadTest, ALayoutThatComesBackSpeaksTheLanguageOfNow)
@@ -250,76 +268,55 @@ TEST_F(ReloadTest, ALayoutThatComesBackSpeaksTheLanguageOfNow)
     auto& localisation = *Core::Localisation::CManager::Instance();
     ASSERT_TRUE(localisation.SetLanguage("en"));
     const std::string label = "<Label id='l' x='0' y='0' width='90' height='30' text='Localised:hello'/>";
-    WriteLayouts(Layout("Away", "<Panel id='away' x='0' y='0'>" + label + "</Panel>") + Layout("Kept", label));
-    EXPECT_TRUE(Reload().empty());
+    ReloadLayouts(Layout("Away", "<Panel id='away' x='0' y='0'>" + label + "</Panel>") + Layout("Kept", label));
     Apply("Away");
-    const GfxTest::WidgetPtr kept = StaticSingleton<CLayoutManager>::ref().RetrieveLayout("Kept").front();
-    Widgets().DestroyWidget(Widgets().FindWidget("away", nullptr).Get());
+    const GfxTest::WidgetPtr kept = Layouts().RetrieveLayout("Kept").front();
+    Widgets().DestroyWidget(Find("away").Get());
     ASSERT_TRUE(localisation.SetLanguage("de"));
-    StaticSingleton<CLayoutManager>::ref().ApplyLayout("Away");
-    EXPECT_EQ(Widgets().FindWidget("away:l", nullptr)->GetCustomInfo().at("Text"), "Hallo");
-    EXPECT_EQ(StaticSingleton<CLayoutManager>::ref().RetrieveLayout("Kept").front(), kept);
+    Layouts().ApplyLayout("Away");
+    EXPECT_EQ(Find("away:l")->GetCustomInfo().at("Text"), "Hallo");
+    EXPECT_EQ(Layouts().RetrieveLayout("Kept").front(), kept);
     EXPECT_EQ(kept->GetCustomInfo().at("Text"), "Hallo");
     ASSERT_TRUE(localisation.SetLanguage("en"));
-}
-
-TEST_F(ReloadTest, AFaultInALayoutFileLeavesAllLayouts)
-{
-    WriteLayouts(Layout("Good", Panel("g")));
-    EXPECT_TRUE(Reload().empty());
-    Apply("Good");
-    s_data.Write("Layouts/Bad.xml", "<Layouts>\n <Layout id='Good'>\n</Layouts>");
-    WriteLayouts("");
-    GfxTest::ExpectLog("Layouts/Bad.xml:3:");
-    const std::vector<std::string> errors = Reload();
-    ASSERT_EQ(errors.size(), 1U);
-    EXPECT_NE(errors[0].find("Layouts/Bad.xml:3:"), std::string::npos);
-    EXPECT_EQ(Screen(), "g");
-    std::filesystem::remove(s_data.Path() + "Layouts/Bad.xml");
 }
 
 TEST_F(ReloadTest, AFormerLayoutHearsNoMoreOfTouchesBesideIt)
 {
     const auto write = [](const std::string& a_word)
     {
-        WriteLayouts(Layout("Popup", "<Panel id='p' x='0' y='0'><Panel id='c' x='0' y='0'><Events><NonClientHit>"
-                                     "<SetFlag id='beside' value='" +
-                                         a_word + "'/></NonClientHit></Events></Panel></Panel>"));
-        EXPECT_TRUE(Reload().empty());
+        ReloadLayouts(Layout("Popup", "<Panel id='p' x='0' y='0'><Panel id='c' x='0' y='0'><Events><NonClientHit>"
+                                      "<SetFlag id='beside' value='" +
+                                          a_word + "'/></NonClientHit></Events></Panel></Panel>"));
     };
     write("former");
     Apply("Popup");
     write("now");
-    auto& layouts = StaticSingleton<CLayoutManager>::ref();
     Click(700, 400);
-    EXPECT_EQ(layouts.GetFlag("beside"), "now");
-    WriteLayouts("");
-    EXPECT_TRUE(Reload().empty());
-    layouts.SetFlag("beside", "");
+    EXPECT_EQ(Layouts().GetFlag("beside"), "now");
+    ReloadLayouts("");
+    Layouts().SetFlag("beside", "");
     Click(700, 400);
-    EXPECT_EQ(layouts.GetFlag("beside"), "");
+    EXPECT_EQ(Layouts().GetFlag("beside"), "");
 }
 
 TEST_F(ReloadTest, AMessageBoxAnswersToTheElementThatHasPutItUp)
 {
     const std::string click = "<Events><Click><ShowMessageBox btn1='Yes'><Button1><SetFlag id='answered' "
                               "value='yes'/></Button1></ShowMessageBox></Click></Events></Panel>";
-    WriteLayouts(Layout("Ask", "<Panel id='a' x='0' y='0' width='50' height='50'>" + click));
-    EXPECT_TRUE(Reload().empty());
+    ReloadLayouts(Layout("Ask", "<Panel id='a' x='0' y='0' width='50' height='50'>" + click));
     Apply("Ask");
     Click(10, 10);
     for (int width = 60; width < 64; ++width)
     {
-        WriteLayouts(
+        ReloadLayouts(
             Layout("Ask", "<Panel id='a' x='0' y='0' height='50' width='" + std::to_string(width) + "'>" + click));
-        EXPECT_TRUE(Reload().empty());
     }
     ASSERT_EQ(Screen(), "a WidgetMgrMessage");
-    const auto button = Widgets().FindWidget("WidgetMgrMessage:WindowPanel:MessageBoxBtn1", nullptr);
+    const auto button = Find("WidgetMgrMessage:WindowPanel:MessageBoxBtn1");
     ASSERT_TRUE(button);
     const Gfx::Common::CPoint corner = button->AbsoluteTopLeft();
     Click(corner.X() + 5, corner.Y() + 5);
-    EXPECT_EQ(StaticSingleton<CLayoutManager>::ref().GetFlag("answered"), "yes");
+    EXPECT_EQ(Layouts().GetFlag("answered"), "yes");
 }
 
 } // namespace

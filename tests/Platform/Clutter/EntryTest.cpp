@@ -45,21 +45,7 @@ protected:
     static Gfx::Common::CAABB Ink()
     {
         const GfxTest::CPicture picture = FreshPicture();
-        int left = k_width, top = k_height, right = 0, bottom = 0;
-        for (int y = 0; y < k_height; ++y)
-        {
-            for (int x = 0; x < k_width; ++x)
-            {
-                if (!(picture.At(x, y) == Gfx::Colours::Black))
-                {
-                    left = std::min(left, x);
-                    top = std::min(top, y);
-                    right = std::max(right, x + 1);
-                    bottom = std::max(bottom, y + 1);
-                }
-            }
-        }
-        return {left, top, right - left, bottom - top};
+        return picture.BoxOf([&](int a_x, int a_y) { return picture.At(a_x, a_y) != Gfx::Colours::Black; });
     }
 
     ClutterActor* actor = nullptr;

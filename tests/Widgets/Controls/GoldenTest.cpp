@@ -25,20 +25,14 @@ constexpr int k_strayPixels = 200;
 
 int CountStrays(const GfxTest::CPicture& a_one, const GfxTest::CPicture& a_other)
 {
-    int strays = 0;
-    for (int y = 0; y < a_one.Height(); ++y)
+    const auto isStray = [&](int a_x, int a_y)
     {
-        for (int x = 0; x < a_one.Width(); ++x)
-        {
-            const Gfx::CColour one = a_one.At(x, y);
-            const Gfx::CColour other = a_other.At(x, y);
-            const bool isAlike = std::abs(one.Red() - other.Red()) <= k_tolerance &&
-                                 std::abs(one.Green() - other.Green()) <= k_tolerance &&
-                                 std::abs(one.Blue() - other.Blue()) <= k_tolerance;
-            strays += isAlike ? 0 : 1;
-        }
-    }
-    return strays;
+        const Gfx::CColour one = a_one.At(a_x, a_y);
+        const Gfx::CColour other = a_other.At(a_x, a_y);
+        return std::abs(one.Red() - other.Red()) > k_tolerance || std::abs(one.Green() - other.Green()) > k_tolerance ||
+               std::abs(one.Blue() - other.Blue()) > k_tolerance;
+    };
+    return a_one.CountIf(isStray);
 }
 
 class GoldenTest : public GfxTest::CStageTest, public testing::WithParamInterface<const char*>
@@ -105,14 +99,8 @@ protected:
         frame->AddEntity(GfxTest::RectangleEntity(Gfx::Colours::Fuchsia, 100, 100));
         const GfxTest::CPicture with =
             GfxTest::DecodePng(StaticSingleton<Gfx::Managers::CGfxManager>::ref().TrueScreenShot());
-        int strays = 0;
-        for (int y = 0; y < a_without.Height(); ++y)
-        {
-            for (int x = 0; x < a_without.Width(); ++x)
-            {
-                strays += (x < left || y < top) && with.At(x, y) != a_without.At(x, y) ? 1 : 0;
-            }
-        }
+        const int strays = with.CountIf(
+            [&](int a_x, int a_y) { return (a_x < left || a_y < top) && with.At(a_x, a_y) != a_without.At(a_x, a_y); });
         EXPECT_EQ(strays, 0) << "beside a scene";
         const bool isCovered = with.At(left + 20, top + 20) == a_without.At(left + 20, top + 20);
         EXPECT_TRUE(isCovered || with.At(left + 20, top + 20) == Gfx::Colours::Fuchsia);

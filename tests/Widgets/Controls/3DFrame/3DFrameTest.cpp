@@ -95,32 +95,42 @@ protected:
 };
 
 using Factory = std::function<WidgetPtr(const CAABB&, const CColour&)>;
-using Steps = std::vector<std::function<void()>>;
+using Step = std::function<void()>;
+using Steps = std::vector<Step>;
 
 /// A screen with a view in it, made by a factory, and what happens to it, step by step.
 class Frame3DSurroundingsTest : public Frame3DTest
 {
 protected:
+    static Step Move(const WidgetPtr& a_widget, int a_x, int a_y)
+    {
+        return [=] { a_widget->Move({a_x, a_y}); };
+    }
+    static Step Resize(const WidgetPtr& a_widget, int a_width, int a_height)
+    {
+        return [=] { a_widget->Resize(a_width, a_height); };
+    }
+    /// One of the operations that need nothing but the widget.
+    static Step Do(const WidgetPtr& a_widget, void (CWidget::*a_operation)())
+    {
+        return [=] { (a_widget.Get()->*a_operation)(); };
+    }
+    static Step Invalidate(const WidgetPtr& a_widget)
+    {
+        return [=] { a_widget->Invalidate(false); };
+    }
+
     static Steps ThatChanges(const Factory& a_make)
     {
         const WidgetPtr view = a_make({100, 60, 200, 120}, SteelBlue);
         AddToStage(view);
         const auto above = AddTopLevel(new CBlock("above", 150, 100, 60, 60, Gold));
         above->SetTransparency(50, false);
-        const auto move = [=](int a_x, int a_y) { return [=] { view->Move({a_x, a_y}); }; };
-        const auto resize = [=](int a_width, int a_height) { return [=] { view->Resize(a_width, a_height); }; };
-        return {move(-50, -40),
-                move(700, 430),
-                resize(60, 30),
-                resize(0, 0),
-                move(300, 100),
-                resize(150, 150),
-                [=] { view->Hide(); },
-                [=] { view->Show(); },
-                [=] {
-                    above->Move({350, 140});
-                },
-                [=] { view->BringToFront(); }};
+        return {Move(view, -50, -40),     Move(view, 700, 430),
+                Resize(view, 60, 30),     Resize(view, 0, 0),
+                Move(view, 300, 100),     Resize(view, 150, 150),
+                Do(view, &CWidget::Hide), Do(view, &CWidget::Show),
+                Move(above, 350, 140),    Do(view, &CWidget::BringToFront)};
     }
 
     static Steps WithinOthersThatMove(const Factory& a_make)
@@ -128,13 +138,7 @@ protected:
         const auto outer = AddTopLevel(new CBlock("outer", 50, 50, 400, 300, Maroon));
         const auto inner = AddChild(*outer, new CBlock("inner", 30, 30, 300, 200, Teal));
         inner->AddChild(a_make({20, 20, 120, 90}, Gold));
-        return {[=] {
-                    outer->Move({200, 100});
-                },
-                [=] {
-                    inner->Move({-20, 60});
-                },
-                [=] { outer->Hide(); }, [=] { outer->Show(); }};
+        return {Move(outer, 200, 100), Move(inner, -20, 60), Do(outer, &CWidget::Hide), Do(outer, &CWidget::Show)};
     }
 
     static Steps InAScrolledPanel(const Factory& a_make)
@@ -145,8 +149,7 @@ protected:
         AddChild(*panel, new CBlock("below", 20, 300, 200, 150, Navy));
         const auto scroll = [bar = Widgets().FindWidget(panel.Get(), {"PanelScrollBar"})](const char* a_current)
         { return [=] { bar->SetProperty("Current", a_current); }; };
-        return {scroll("30"),  scroll("60"), [=] { view->Invalidate(false); },
-                scroll("100"), scroll("10"), [=] { panel->Resize(400, 260); }};
+        return {scroll("30"), scroll("60"), Invalidate(view), scroll("100"), scroll("10"), Resize(panel, 400, 260)};
     }
 
     static Steps InADraggedWindow(const Factory& a_make)
@@ -175,11 +178,7 @@ protected:
         const WidgetPtr second = a_make({200, 150, 200, 200}, Khaki);
         AddToStage(first);
         AddToStage(second);
-        return {[=] { first->Invalidate(false); }, [=] { first->BringToFront(); },
-                [=] {
-                    second->Move({50, 50});
-                },
-                [=] { second->Invalidate(false); }};
+        return {Invalidate(first), Do(first, &CWidget::BringToFront), Move(second, 50, 50), Invalidate(second)};
     }
 
     /// What is shown after each step, each of which something else changes in, too.
@@ -470,15 +469,12 @@ TEST_F(Frame3DTest, NumbersThatAreNoneStayWithinTheFrame)
             Settle();
             const CPicture shown = ShownPicture();
             ASSERT_EQ(shown.CountDifferences(FreshPicture()), 0) << round;
-            int outside = 0;
-            for (int y = 0; y < k_height; ++y)
-            {
-                for (int x = 0; x < k_width; ++x)
+            const int outside = shown.CountIf(
+                [&](int a_x, int a_y)
                 {
-                    const bool isInside = x >= 100 && x < 400 && y >= 100 && y < 300;
-                    outside += isInside || shown.At(x, y) == SlateGray ? 0 : 1;
-                }
-            }
+                    const bool isInside = a_x >= 100 && a_x < 400 && a_y >= 100 && a_y < 300;
+                    return !isInside && shown.At(a_x, a_y) != SlateGray;
+                });
             ASSERT_EQ(outside, 0) << round;
         }
     }
