@@ -1,9 +1,7 @@
 // The console of a greenhouse: its screens are the layouts of demo/greenhouse.
 
 #include "demo/Greenhouse.h"
-#include "demo/Pictures.h"
-
-#include <clutter/clutter.h>
+#include "demo/Start.h"
 
 #include <filesystem>
 #include <string>
@@ -13,11 +11,7 @@ namespace
 {
 
 using Core::Patterns::StaticSingleton;
-using Gfx::Managers::CGfxManager;
-using Gfx::Managers::CInputManager;
 
-constexpr int k_stageWidth = 800;
-constexpr int k_stageHeight = 480;
 /// A minute of the greenhouse.
 constexpr int k_stepMs = 1000;
 
@@ -60,23 +54,15 @@ int main(int a_argc, char** a_argv)
         return 2;
     }
     const std::string data = DataDirectory();
-    CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
-    if (!gfx.Setup(data, "Greenhouse", {0, 0}, k_stageWidth, k_stageHeight, 0, nullptr, Gfx::Colours::Black))
+    if (!Demo::SetUpConsole(data, "Greenhouse"))
     {
         return 1;
     }
-    CInputManager& input = StaticSingleton<CInputManager>::ref();
-    if (!input.HasPanel())
-    {
-        // The pointer of a desktop reports pixels of the stage.
-        input.UseCalibration(CInputManager::k_identity);
-    }
     StaticSingleton<Gfx::Managers::C3DManager>::ref().Initialise(data);
     Demo::CGreenhouse greenhouse;
-    if (!options.file.empty() || !options.folder.empty())
+    if (options.AskForPictures())
     {
-        clutter_actor_show(gfx.GetStage());
-        return (options.folder.empty() ? Demo::WritePicture(options.file) : WritePictures(options.folder)) ? 0 : 1;
+        return Demo::WritePictures(options, WritePictures);
     }
     const auto step = [&greenhouse]
     {
@@ -84,6 +70,6 @@ int main(int a_argc, char** a_argv)
         return true;
     };
     Gfx::Managers::CTimerManager::ref().AddTimeoutMs(k_stepMs, Core::Functor<bool>::Make(step));
-    gfx.StartMainLoop();
+    StaticSingleton<Gfx::Managers::CGfxManager>::ref().StartMainLoop();
     return 0;
 }

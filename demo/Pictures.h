@@ -14,6 +14,8 @@ struct SPictureOptions
     bool isWrong = false;
     std::string file;
     std::string folder;
+
+    [[nodiscard]] bool AskForPictures() const { return !file.empty() || !folder.empty(); }
 };
 
 /// Explains a wrong command line.

@@ -2,9 +2,7 @@
 
 #include "Gallery.h"
 
-#include "demo/Pictures.h"
-
-#include <clutter/clutter.h>
+#include "demo/Start.h"
 
 #include <string>
 
@@ -12,11 +10,6 @@ namespace
 {
 
 using Core::Patterns::StaticSingleton;
-using Gfx::Managers::CGfxManager;
-using Gfx::Managers::CInputManager;
-
-constexpr int k_stageWidth = 800;
-constexpr int k_stageHeight = 480;
 
 /// Every page in every theme, and what comes up over it by a touch.
 bool WritePictures(Demo::CGallery& a_gallery, const std::string& a_folder)
@@ -59,20 +52,16 @@ int main(int a_argc, char** a_argv)
 
     static Core::Localisation::CManager s_localisation("demo/gallery/");
     Core::Localisation::CManager::Instance(&s_localisation);
-    CGfxManager& gfx = StaticSingleton<CGfxManager>::ref();
-    if (!gfx.Setup("data/", "libGfx", {0, 0}, k_stageWidth, k_stageHeight, 0, nullptr, Gfx::Colours::Black))
+    if (!Demo::SetUpConsole("data/", "libGfx"))
     {
         return 1;
     }
-    // The pointer of a desktop reports pixels of the stage.
-    StaticSingleton<CInputManager>::ref().UseCalibration(CInputManager::k_identity);
     Demo::CGallery gallery;
-    if (!options.file.empty() || !options.folder.empty())
+    if (options.AskForPictures())
     {
-        clutter_actor_show(gfx.GetStage());
-        return (options.folder.empty() ? Demo::WritePicture(options.file) : WritePictures(gallery, options.folder)) ? 0
-                                                                                                                    : 1;
+        return Demo::WritePictures(options,
+                                   [&](const std::string& a_folder) { return WritePictures(gallery, a_folder); });
     }
-    gfx.StartMainLoop();
+    StaticSingleton<Gfx::Managers::CGfxManager>::ref().StartMainLoop();
     return 0;
 }
