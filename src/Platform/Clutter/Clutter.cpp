@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace
@@ -91,6 +92,16 @@ int BytesPerPixel(CoglPixelFormat a_format)
     case COGL_PIXEL_FORMAT_A_8: return 1;
     case COGL_PIXEL_FORMAT_RGB_888: return 3;
     default: return 4;
+    }
+}
+
+CoglPixelFormat FormatOf(const Platform::CImage& a_image)
+{
+    switch (a_image.BytesPerPixel())
+    {
+    case 1: return COGL_PIXEL_FORMAT_A_8;
+    case 3: return COGL_PIXEL_FORMAT_RGB_888;
+    default: return COGL_PIXEL_FORMAT_RGBA_8888_PRE;
     }
 }
 
@@ -179,25 +190,30 @@ CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint, gbool
 {
     Platform::CImage image(static_cast<int>(a_width), static_cast<int>(a_height), BytesPerPixel(a_format), a_data,
                            static_cast<int>(a_rowStride));
-    CoglPixelFormat format = a_format;
-    if (a_format == COGL_PIXEL_FORMAT_RGBA_8888)
+    image.Premultiply();
+    return Platform::NewTexture(std::move(image), a_internalFormat);
+}
+
+CoglHandle Platform::NewTexture(CImage a_image, CoglPixelFormat a_internalFormat)
+{
+    if (!a_image.HasPixels())
     {
-        image.Premultiply();
-        format = COGL_PIXEL_FORMAT_RGBA_8888_PRE;
+        return nullptr;
     }
+    const CoglPixelFormat format = FormatOf(a_image);
     // Left to choose, Cogl would store alpha alone as black pixels.
-    const bool isAlphaAlone = a_format == COGL_PIXEL_FORMAT_A_8 && a_internalFormat == COGL_PIXEL_FORMAT_ANY;
+    const bool isAlphaAlone = format == COGL_PIXEL_FORMAT_A_8 && a_internalFormat == COGL_PIXEL_FORMAT_ANY;
     // Of its own storage: Cogl would draw the texture into another one to take it out of an atlas, for the mipmaps.
     CoglTexture* const texture = static_cast<CoglTexture*>(
-        cogl_texture_new_from_data(image.Width(), image.Height(), COGL_TEXTURE_NO_ATLAS, format,
-                                   isAlphaAlone ? a_format : a_internalFormat, image.RowStride(), image.Pixels()));
+        cogl_texture_new_from_data(a_image.Width(), a_image.Height(), COGL_TEXTURE_NO_ATLAS, format,
+                                   isAlphaAlone ? format : a_internalFormat, a_image.RowStride(), a_image.Pixels()));
     if (texture != nullptr && cogl_is_texture_2d(texture))
     {
         // Made here, mipmaps cost the driver no shaders, which a software renderer would compile for them at start-up.
         cogl_primitive_texture_set_auto_mipmap(COGL_PRIMITIVE_TEXTURE(texture), FALSE);
-        for (int level = 1; image.Halve(); ++level)
+        for (int level = 1; a_image.Halve(); ++level)
         {
-            cogl_texture_set_data(texture, format, image.RowStride(), image.Pixels(), level, nullptr);
+            cogl_texture_set_data(texture, format, a_image.RowStride(), a_image.Pixels(), level, nullptr);
         }
     }
     return texture;

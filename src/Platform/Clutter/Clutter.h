@@ -36,6 +36,17 @@ CoglHandle cogl_texture_new_from_data(guint a_width, guint a_height, gint a_maxW
                                       CoglPixelFormat a_format, CoglPixelFormat a_internalFormat, guint a_rowStride,
                                       const guchar* a_data);
 
+namespace Platform
+{
+
+class CImage;
+
+/// Makes a texture, which the caller owns, from pixels of one byte of alpha, of three of colour, or of four with the
+/// colours premultiplied; null if that fails, as for an image without pixels.
+CoglHandle NewTexture(CImage a_image, CoglPixelFormat a_internalFormat);
+
+} // namespace Platform
+
 /// Gives up the caller's reference on a texture, null included. A drawn texture and its pipeline hold one another, so
 /// dropping the reference alone would leave both alive.
 void cogl_texture_release(CoglHandle a_texture);

@@ -58,11 +58,15 @@ private:
 
 } // namespace
 
-bool StartClutter(int* a_argc, char*** a_argv, GError** a_error)
+void PrepareClutter()
 {
     setenv("COGL_DRIVER", "gl", 0);
     // Texts aren't drawn smaller than they are, and mipmaps of the glyphs cost a software renderer several shaders.
     setenv("CLUTTER_DISABLE_MIPMAPPED_TEXT", "1", 0);
+}
+
+bool StartClutter(int* a_argc, char*** a_argv, GError** a_error)
+{
     // Pango reads the system's fonts on a thread of its own as soon as anybody has a font map; meanwhile the display is
     // opened, which takes longer.
     g_object_unref(pango_cairo_font_map_new());

@@ -1,25 +1,38 @@
 #include "Platform/GL/Image.h"
 
 #include <algorithm>
+#include <new>
 
 namespace Platform
 {
 
+CImage::CImage(int a_width, int a_height, int a_bytesPerPixel)
+    : m_width(a_width)
+    , m_height(a_height)
+    , m_bytesPerPixel(a_bytesPerPixel)
+    , m_pixels(new (std::nothrow) std::uint8_t[Size()])
+{
+}
+
 CImage::CImage(int a_width, int a_height, int a_bytesPerPixel, const std::uint8_t* a_pixels, int a_rowStride)
-    : m_width(a_width), m_height(a_height), m_bytesPerPixel(a_bytesPerPixel)
+    : CImage(a_width, a_height, a_bytesPerPixel)
 {
     const auto length = static_cast<std::size_t>(RowStride());
     const auto stride = a_rowStride != 0 ? static_cast<std::size_t>(a_rowStride) : length;
-    m_pixels.resize(length * static_cast<std::size_t>(m_height));
-    for (std::size_t row = 0; row < static_cast<std::size_t>(m_height); ++row)
+    for (std::size_t row = 0; HasPixels() && row < static_cast<std::size_t>(m_height); ++row)
     {
-        std::copy_n(a_pixels + row * stride, length, m_pixels.data() + row * length);
+        std::copy_n(a_pixels + row * stride, length, m_pixels.get() + row * length);
     }
 }
 
 void CImage::Premultiply()
 {
-    for (std::size_t i = 0; i + 3 < m_pixels.size(); i += 4)
+    if (m_bytesPerPixel != 4 || !HasPixels())
+    {
+        return;
+    }
+    const std::size_t size = Size();
+    for (std::size_t i = 0; i + 3 < size; i += 4)
     {
         const unsigned alpha = m_pixels[i + 3];
         if (alpha == 255)
@@ -49,10 +62,10 @@ bool CImage::Halve()
     m_width = std::max(m_width / 2, 1);
     m_height = std::max(m_height / 2, 1);
     // In place: what is written lies before all that is still to be read.
-    std::uint8_t* target = m_pixels.data();
+    std::uint8_t* target = m_pixels.get();
     for (std::size_t y = 0; y < static_cast<std::size_t>(m_height); ++y)
     {
-        const std::uint8_t* source = m_pixels.data() + y * 2 * stride;
+        const std::uint8_t* source = m_pixels.get() + y * 2 * stride;
         for (std::size_t x = 0; x < static_cast<std::size_t>(m_width); ++x, source += 2 * step)
         {
             for (std::size_t component = 0; component < step; ++component)

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <vector>
+#include <memory>
 
 namespace Platform
 {
@@ -11,15 +11,21 @@ namespace Platform
 class CImage
 {
 public:
+    /// Its pixels are anything at first, and memory that nothing is written to isn't taken. Without pixels if there is
+    /// no memory for them.
+    CImage(int a_width, int a_height, int a_bytesPerPixel);
     /// Copies the pixels; a row stride of 0 means rows without padding.
     CImage(int a_width, int a_height, int a_bytesPerPixel, const std::uint8_t* a_pixels, int a_rowStride);
 
     [[nodiscard]] int Width() const { return m_width; }
     [[nodiscard]] int Height() const { return m_height; }
+    [[nodiscard]] int BytesPerPixel() const { return m_bytesPerPixel; }
     [[nodiscard]] int RowStride() const { return m_width * m_bytesPerPixel; }
-    [[nodiscard]] const std::uint8_t* Pixels() const { return m_pixels.data(); }
+    [[nodiscard]] bool HasPixels() const { return m_pixels != nullptr; }
+    [[nodiscard]] std::uint8_t* Pixels() { return m_pixels.get(); }
+    [[nodiscard]] const std::uint8_t* Pixels() const { return m_pixels.get(); }
 
-    /// Multiplies the colours of four-byte pixels by their alpha, the last byte.
+    /// Multiplies the colours of four-byte pixels by their alpha, the last byte. Others stay as they are.
     void Premultiply();
 
     /// Makes the next level of a mipmap of it: half as wide and high, rounded down, and at least one pixel; each pixel
@@ -27,10 +33,15 @@ public:
     bool Halve();
 
 private:
+    [[nodiscard]] std::size_t Size() const
+    {
+        return static_cast<std::size_t>(RowStride()) * static_cast<std::size_t>(m_height);
+    }
+
     int m_width;
     int m_height;
     int m_bytesPerPixel;
-    std::vector<std::uint8_t> m_pixels;
+    std::unique_ptr<std::uint8_t[]> m_pixels;
 };
 
 } // namespace Platform

@@ -6,6 +6,7 @@
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Input/InputManager.h"
 #include "Managers/Layout/LayoutManager.h"
+#include "Managers/Textures/PageAhead.h"
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Managers/Widgets/WidgetManager.h"
@@ -89,9 +90,12 @@ bool CGfxManager::Setup(const std::string& a_basePath, const std::string& a_titl
     m_stage = nullptr;
 
     Report("Initialising clutter");
+    Platform::PrepareClutter();
+    detail::PageAhead().Begin(a_basePath);
     GError* error = nullptr;
     if (!Platform::StartClutter(&a_argc, &a_argv, &error))
     {
+        detail::PageAhead().Forget();
         g_log(nullptr, G_LOG_LEVEL_WARNING, "Unable to initialise Clutter:\n%s",
               error != nullptr ? error->message : "unknown");
         g_clear_error(&error);
@@ -171,6 +175,8 @@ void CGfxManager::StartMainLoop()
     {
         return;
     }
+    // What is on the screen by now has taken it.
+    detail::PageAhead().Forget();
     clutter_actor_show(m_stage);
     StaticSingleton<CInputManager>::ref().ConnectClutter();
     AddTimer(m_cleanupInterval, OnCleanupTimer);

@@ -4,6 +4,7 @@
 #include "Core/Logging/Logger.h"
 #include "Gfx/Common/Drawing.h"
 #include "Managers/Textures/ImageFile.h"
+#include "Managers/Textures/PageAhead.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "Platform/Clutter/Clutter.h"
 
@@ -61,21 +62,22 @@ CTextureManager::~CTextureManager()
 
 void CTextureManager::Initialise(const std::string& a_basePath)
 {
-    m_directory = a_basePath + "TextureMaps/";
+    m_directory = a_basePath + detail::k_pageFolder;
     Core::IO::XMLDocument document;
     // A file that can't be read has been logged, and has no elements.
-    static_cast<void>(document.Parse(m_directory + "TextureConfig.xml"));
+    static_cast<void>(document.Parse(m_directory + detail::k_pageTable));
     ReadTable(document);
 }
 
 bool CTextureManager::Reload(std::string& a_error)
 {
     Core::IO::XMLDocument document;
-    if (!document.Parse(m_directory + "TextureConfig.xml"))
+    if (!document.Parse(m_directory + detail::k_pageTable))
     {
         a_error = document.ErrorText();
         return false;
     }
+    detail::PageAhead().Forget();
     for (CTexturePage& page : m_formerPages)
     {
         page.ReleaseTexture();
