@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 namespace Platform
 {
@@ -13,25 +15,72 @@ namespace Platform
 namespace
 {
 
-/// Descriptions by name: to parse one takes longer than to lay a short text out. Bounded, since names come from files.
-const PangoFontDescription* FontDescription(const std::string& a_name)
+using DescriptionPtr = std::unique_ptr<PangoFontDescription, void (*)(PangoFontDescription*)>;
+
+/// Keys come from files.
+constexpr std::size_t k_mostKnown = 64;
+
+bool IsSameFamily(const std::string& a_one, const std::string& a_other)
 {
-    using DescriptionPtr = std::unique_ptr<PangoFontDescription, void (*)(PangoFontDescription*)>;
-    constexpr std::size_t most = 64;
+    const auto bare = [](std::string a_name)
+    {
+        std::erase(a_name, ' ');
+        return a_name;
+    };
+    return g_ascii_strcasecmp(bare(a_one).c_str(), bare(a_other).c_str()) == 0;
+}
+
+/// A family as its font file spells it, where fontconfig, to which blanks mean nothing, finds it by another spelling.
+/// Pango takes a font's metrics from a second look for it, by the file's spelling, which finds the first one if that
+/// has been for the same; at each size, a look takes half a millisecond.
+const std::string& FileSpelling(const std::string& a_family, PangoContext* a_context,
+                                const PangoFontDescription* a_description)
+{
+    static std::unordered_map<std::string, std::string> s_known;
+    const auto known = s_known.find(a_family);
+    if (known != s_known.end())
+    {
+        return known->second;
+    }
+    if (s_known.size() == k_mostKnown)
+    {
+        s_known.clear();
+    }
+    std::string& spelling = s_known.emplace(a_family, a_family).first->second;
+    if (PangoFont* const font = pango_context_load_font(a_context, a_description))
+    {
+        const DescriptionPtr found(pango_font_describe(font), pango_font_description_free);
+        const char* const family = pango_font_description_get_family(found.get());
+        if (family != nullptr && IsSameFamily(family, a_family))
+        {
+            spelling = family;
+        }
+        g_object_unref(font);
+    }
+    return spelling;
+}
+
+/// Descriptions by name: to parse one takes longer than to lay a short text out.
+const PangoFontDescription* FontDescription(const std::string& a_name, PangoContext* a_context)
+{
     static std::unordered_map<std::string, DescriptionPtr> s_known;
     const auto known = s_known.find(a_name);
     if (known != s_known.end())
     {
         return known->second.get();
     }
-    if (s_known.size() == most)
+    if (s_known.size() == k_mostKnown)
     {
         s_known.clear();
     }
-    return s_known
-        .emplace(a_name,
-                 DescriptionPtr(pango_font_description_from_string(a_name.c_str()), pango_font_description_free))
-        .first->second.get();
+    DescriptionPtr description(pango_font_description_from_string(a_name.c_str()), pango_font_description_free);
+    const char* const family = pango_font_description_get_family(description.get());
+    if (family != nullptr && std::strchr(family, ',') == nullptr)
+    {
+        const std::string& spelling = FileSpelling(family, a_context, description.get());
+        pango_font_description_set_family(description.get(), spelling.c_str());
+    }
+    return s_known.emplace(a_name, std::move(description)).first->second.get();
 }
 
 /// As much of a text as may be shown, without a part of a character at its end.
@@ -62,7 +111,7 @@ PangoLayout* NewLayout(ClutterActor* a_actor)
 
 void SetLayoutFont(PangoLayout* a_layout, const std::string& a_font)
 {
-    pango_layout_set_font_description(a_layout, FontDescription(a_font));
+    pango_layout_set_font_description(a_layout, FontDescription(a_font, pango_layout_get_context(a_layout)));
 }
 
 std::string DisplayableText(std::string_view a_text)
