@@ -232,17 +232,23 @@ void InitialiseInstance(GTypeInstance* a_instance, gpointer)
     reinterpret_cast<ClutterLabel*>(a_instance)->label = new SLabel;
 }
 
-/// After a change of what a text takes. a_put passes it on to the layout, if there is one yet.
+/// After a change of where lines lie within what the text takes. a_put passes it on to the layout, if there is one yet.
+template <typename PutT>
+void Realign(ClutterLabel* a_actor, PutT a_put)
+{
+    if (a_actor->label->layout != nullptr)
+    {
+        a_put(*a_actor->label);
+    }
+    clutter_actor_queue_relayout(CLUTTER_ACTOR(a_actor));
+}
+
+/// After a change of what a text takes.
 template <typename PutT>
 void Remeasure(ClutterLabel* a_actor, PutT a_put)
 {
-    SLabel& label = *a_actor->label;
-    if (label.layout != nullptr)
-    {
-        a_put(label);
-    }
-    label.isMeasured = false;
-    clutter_actor_queue_relayout(CLUTTER_ACTOR(a_actor));
+    a_actor->label->isMeasured = false;
+    Realign(a_actor, a_put);
 }
 
 } // namespace
@@ -336,8 +342,7 @@ void clutter_label_set_alignment(ClutterLabel* a_label, PangoAlignment a_alignme
     if (a_label->label->alignment != a_alignment)
     {
         a_label->label->alignment = a_alignment;
-        Remeasure(a_label,
-                  [](const SLabel& a_state) { pango_layout_set_alignment(a_state.layout, a_state.alignment); });
+        Realign(a_label, [](const SLabel& a_state) { pango_layout_set_alignment(a_state.layout, a_state.alignment); });
     }
 }
 
@@ -346,7 +351,7 @@ void clutter_label_set_justify(ClutterLabel* a_label, gboolean a_justify)
     if (a_label->label->justify != (a_justify != FALSE))
     {
         a_label->label->justify = a_justify != FALSE;
-        Remeasure(a_label, [](const SLabel& a_state)
-                  { pango_layout_set_justify(a_state.layout, a_state.justify ? TRUE : FALSE); });
+        Realign(a_label, [](const SLabel& a_state)
+                { pango_layout_set_justify(a_state.layout, a_state.justify ? TRUE : FALSE); });
     }
 }

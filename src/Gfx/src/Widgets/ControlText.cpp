@@ -8,6 +8,8 @@ void CControlText::Create(ClutterActor* a_group, const std::string& a_text)
     m_group = a_group;
     m_actor.Create(a_group, m_font, a_text);
     m_actor.UseMarkup(m_parseMarkup);
+    // Before the text is first laid out: lines that are aligned later are laid out again.
+    m_actor.AlignLines(m_font.alignment);
 }
 
 void CControlText::Refresh()

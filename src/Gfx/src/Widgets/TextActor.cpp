@@ -184,7 +184,10 @@ void CTextActor::Clip(const Common::CAABB& a_rectangle)
 
 void CTextActor::MoveTo(const Common::CPoint& a_position)
 {
-    clutter_actor_set_position(m_actor, static_cast<float>(a_position.X()), static_cast<float>(a_position.Y()));
+    if (clutter_actor_get_fixed_position_set(m_actor) == FALSE || Position() != a_position)
+    {
+        clutter_actor_set_position(m_actor, static_cast<float>(a_position.X()), static_cast<float>(a_position.Y()));
+    }
     // Its group's area to paint would reach there.
     if (std::max(a_position.X(), a_position.Y()) >= k_outOfSight)
     {

@@ -5,10 +5,27 @@
 #include "support/StageTest.h"
 
 #include <clutter/clutter.h>
+#include <dlfcn.h>
+#include <hb.h>
 
 #include <array>
 #include <memory>
 #include <string>
+
+namespace
+{
+
+int s_shapedTexts = 0;
+
+} // namespace
+
+/// Stands before HarfBuzz's own, which Pango calls for each run of a text that it lays out.
+extern "C" void hb_shape(hb_font_t* a_font, hb_buffer_t* a_buffer, const hb_feature_t* a_features, unsigned int a_count)
+{
+    static const auto s_original = reinterpret_cast<decltype(&hb_shape)>(dlsym(RTLD_NEXT, "hb_shape"));
+    ++s_shapedTexts;
+    s_original(a_font, a_buffer, a_features, a_count);
+}
 
 namespace
 {
@@ -266,6 +283,16 @@ TEST_F(ButtonTest, ATextSetBeforeTheButtonIsOnTheStageIsPlacedWithTheFirstInvali
     EXPECT_EQ(LabelX(*button), 0);
     AddToStage(button);
     EXPECT_GT(LabelX(*button), 3);
+}
+
+TEST_F(ButtonTest, ATextIsLaidOutOnce)
+{
+    const Core::SharedPtr<CButton> button(new CButton("button", 100, 100, 120, 60, false));
+    button->Text("Text");
+    s_shapedTexts = 0;
+    AddToStage(button);
+    Settle();
+    EXPECT_EQ(s_shapedTexts, 1);
 }
 
 TEST_F(ButtonTest, FlashingFadesTheOverlayInAndOut)
