@@ -16,7 +16,7 @@ namespace Gfx::Layout
 {
 
 /// One attribute of an element or action: its name in the file, and which member of the values takes it. The default
-/// is the member's initialiser. A number is kept within its limits.
+/// is the member's initialiser. A number that is read is kept within the limits.
 template <typename ValuesT>
 struct SAttribute
 {
@@ -73,23 +73,26 @@ template <typename ValuesT, std::size_t Count>
 ValuesT ReadAttributes(const std::array<SAttribute<ValuesT>, Count>& a_rows, const Core::IO::XMLNode& a_node,
                        ValuesT a_defaults = {})
 {
-    for (const SAttribute<ValuesT>& row : a_rows)
+    for (const auto& [name, text] : a_node.Attributes())
     {
-        const auto attribute = a_node.Attributes().find(std::string(row.name));
-        const bool isThere = attribute != a_node.Attributes().end();
-        if (row.number != nullptr)
+        const auto row = std::find_if(a_rows.begin(), a_rows.end(),
+                                      [&name](const SAttribute<ValuesT>& a_row) { return a_row.name == name; });
+        if (row == a_rows.end())
         {
-            int& value = detail::Member(a_defaults, row.number);
-            value = std::clamp(isThere ? Core::LexicalCast<int, std::string>(attribute->second, value) : value,
-                               row.least, row.most);
+            continue;
         }
-        else if (row.boolean != nullptr && isThere)
+        if (row->number != nullptr)
         {
-            detail::Member(a_defaults, row.boolean) = attribute->second == "True";
+            int& value = detail::Member(a_defaults, row->number);
+            value = std::clamp(Core::LexicalCast<int, std::string>(text, value), row->least, row->most);
         }
-        else if (row.text != nullptr && isThere)
+        else if (row->boolean != nullptr)
         {
-            detail::Member(a_defaults, row.text) = attribute->second;
+            detail::Member(a_defaults, row->boolean) = text == "True";
+        }
+        else
+        {
+            detail::Member(a_defaults, row->text) = text;
         }
     }
     return a_defaults;
