@@ -243,6 +243,23 @@ TEST_F(WidgetTest, NamesAndPlacesFollowTheTree)
     EXPECT_FALSE(inner->Intersects(WidgetPtr()));
 }
 
+TEST_F(WidgetTest, AWidgetMovesAtOnceUnlessItsActorIsToldToTakeItsTime)
+{
+    const auto block = AddTopLevel(new CBlock("block", 10, 10, 20, 20, Gfx::Colours::Red));
+    ClutterActor* const actor = block->GetActor();
+    const auto isUnderWay = [actor] { return clutter_actor_get_transition(actor, "position") != nullptr; };
+    block->Move({30, 40});
+    EXPECT_EQ(clutter_actor_get_x(actor), 30);
+    EXPECT_FALSE(isUnderWay());
+    clutter_actor_set_easing_duration(actor, 1000);
+    block->Move({50, 60});
+    EXPECT_TRUE(isUnderWay());
+    clutter_actor_set_easing_duration(actor, 0);
+    block->Move({70, 80});
+    EXPECT_FALSE(isUnderWay()) << "what is under way ends with the next place";
+    EXPECT_EQ(clutter_actor_get_x(actor), 70);
+}
+
 TEST_F(WidgetTest, AChildMovesBetweenParentsAndKeepsWhetherItIsHidden)
 {
     const auto left = AddTopLevel(new CBlock("left", 0, 0, 100, 100, Red));

@@ -2,13 +2,17 @@
 
 #include "Platform/Clutter/Clutter.h"
 
-/// What the toolkit's own classes of actors share.
+/// What the toolkit does with actors, and what its own classes of them share.
 namespace Platform
 {
 
 /// A `constructor` for their classes, past ClutterActor's own: that gives each actor an object that lays its children
 /// out. Such an actor has no children, or an `allocate` that sees to them.
 GObject* ConstructWithoutLayout(GType a_type, guint a_count, GObjectConstructParam* a_parameters);
+
+/// What clutter_actor_set_position does, without the tables for animations that it gives each actor first, animated or
+/// not: they are as large as the rest of what Clutter keeps beside the actor.
+void MoveActor(ClutterActor* a_actor, float a_x, float a_y);
 
 /// Answers a question for the preferred width or height, each part of which may not be asked, by one length.
 void ReturnLength(float a_length, float* a_minimum, float* a_natural);

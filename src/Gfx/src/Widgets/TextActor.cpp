@@ -1,6 +1,7 @@
 #include "Widgets/TextActor.h"
 
 #include "Gfx/Common/Alignment.h"
+#include "Platform/Clutter/Actor.h"
 #include "Platform/Clutter/Label.h"
 
 #include <algorithm>
@@ -67,6 +68,7 @@ CTextActor::~CTextActor()
 void CTextActor::Create(ClutterActor* a_group, const Text::CFontSettings& a_font, const std::string& a_text)
 {
     Destroy();
+    m_size = k_ownSize;
     const ClutterColor colour = a_font.colour.AsClutterColour();
     m_actor =
         CLUTTER_ACTOR(g_object_ref_sink(clutter_label_new_full(a_font.AsString().c_str(), a_text.c_str(), &colour)));
@@ -144,12 +146,16 @@ void CTextActor::AlignLines(int a_alignment)
 
 void CTextActor::SetWidth(int a_width)
 {
-    clutter_actor_set_width(m_actor, static_cast<float>(a_width));
+    SetSize(a_width, m_size.height);
 }
 
 void CTextActor::SetSize(int a_width, int a_height)
 {
-    clutter_actor_set_size(m_actor, static_cast<float>(a_width), static_cast<float>(a_height));
+    if (const STextSize size{a_width, a_height}; size != m_size)
+    {
+        clutter_actor_set_size(m_actor, static_cast<float>(a_width), static_cast<float>(a_height));
+        m_size = size;
+    }
 }
 
 STextSize CTextActor::Size() const
@@ -186,7 +192,7 @@ void CTextActor::MoveTo(const Common::CPoint& a_position)
 {
     if (clutter_actor_get_fixed_position_set(m_actor) == FALSE || Position() != a_position)
     {
-        clutter_actor_set_position(m_actor, static_cast<float>(a_position.X()), static_cast<float>(a_position.Y()));
+        Platform::MoveActor(m_actor, static_cast<float>(a_position.X()), static_cast<float>(a_position.Y()));
     }
     // Its group's area to paint would reach there.
     if (std::max(a_position.X(), a_position.Y()) >= k_outOfSight)

@@ -27,6 +27,8 @@ struct STextSize
 {
     int width = 0;
     int height = 0;
+
+    bool operator==(const STextSize&) const = default;
 };
 
 /// Where a text of a_text lies in a box of a_box, by a packed alignment. A text at the bottom keeps the right margin's
@@ -89,8 +91,12 @@ public:
     [[nodiscard]] Common::CPoint Position() const;
 
 private:
+    static constexpr STextSize k_ownSize{-1, -1};
+
     /// A reference, so that it is valid even if the group has been destroyed under it.
     ClutterActor* m_actor = nullptr;
+    /// As it was set.
+    STextSize m_size = k_ownSize;
 };
 
 } // namespace Gfx::Widgets

@@ -26,28 +26,12 @@ CTextureLayer::~CTextureLayer()
 
 bool CTextureLayer::Retrieve(const Common::CAABB& a_rectangle)
 {
-    Locate(a_rectangle);
-    Prepare();
-    return m_valid;
-}
-
-bool CTextureLayer::Locate(const Common::CAABB& a_rectangle)
-{
     DropTexture();
-    m_located = Textures().LocateElement(m_element, m_texture);
+    m_maker = Textures().LocateElement(m_element, m_texture);
     m_rectangle = a_rectangle;
-    m_valid = m_located != nullptr;
+    m_valid = m_maker != nullptr;
     m_quads.clear();
     return m_valid;
-}
-
-void CTextureLayer::Prepare()
-{
-    if (m_located != nullptr)
-    {
-        m_located->Generate(m_rectangle.Left(), m_rectangle.Top(), m_rectangle.Width(), m_rectangle.Height(), m_quads);
-        m_located = nullptr;
-    }
 }
 
 bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle)
@@ -99,16 +83,22 @@ void CTextureLayer::DropTexture()
         m_owned = false;
     }
     m_file.clear();
-    m_located = nullptr;
+    m_maker = nullptr;
     m_texture = nullptr;
 }
 
 void CTextureLayer::Draw() const
 {
-    if (m_valid)
+    if (!m_valid)
     {
-        Utilities::DrawTexturedQuads(m_quads, m_texture);
+        return;
     }
+    if (m_maker != nullptr)
+    {
+        m_maker->Generate(m_rectangle.Left(), m_rectangle.Top(), m_rectangle.Width(), m_rectangle.Height(), m_quads);
+        m_maker = nullptr;
+    }
+    Utilities::DrawTexturedQuads(m_quads, m_texture);
 }
 
 Common::SMargins CTextureLayer::Margins() const

@@ -17,7 +17,7 @@ namespace Gfx::Widgets
 {
 
 /// One layer of a control's picture: an element of a texture page, stretched over a rectangle of the control. The quads
-/// are made when Retrieve() says so, and drawn by one call.
+/// are those of the last Retrieve(), made when they are first drawn: most controls have looks that they never show.
 class GFX_API CTextureLayer
 {
 public:
@@ -26,14 +26,9 @@ public:
     CTextureLayer(const CTextureLayer&) = delete;
     CTextureLayer& operator=(const CTextureLayer&) = delete;
 
-    /// Makes the quads anew, through the current theme. An element that isn't known, or whose page can't be loaded,
+    /// Looks the element up anew, through the current theme. One that isn't known, or whose page can't be loaded,
     /// leaves a layer that is not valid and draws nothing.
     bool Retrieve(const Common::CAABB& a_rectangle);
-
-    /// Retrieve() in two steps, for a layer that may never be drawn: finds the element and remembers the rectangle,
-    /// and, before it is first drawn, makes the quads.
-    bool Locate(const Common::CAABB& a_rectangle);
-    void Prepare();
 
     /// The same for an image file, whose path is used as it stands. The layer keeps the image, and reads the file again
     /// only when the path has changed or the texture was dropped; one that can't be read isn't tried again, either.
@@ -64,9 +59,9 @@ public:
 
 private:
     std::string m_element;
-    std::vector<STexturedQuad> m_quads;
-    /// What has been located and not prepared yet; the texture manager's.
-    const Managers::CTexturedElement* m_located = nullptr;
+    mutable std::vector<STexturedQuad> m_quads;
+    /// What makes the quads, as long as there are none; the texture manager's.
+    mutable const Managers::CTexturedElement* m_maker = nullptr;
     Common::CAABB m_rectangle;
     void* m_texture = nullptr;
     bool m_valid = false;

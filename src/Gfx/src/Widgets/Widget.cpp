@@ -5,7 +5,7 @@
 #include "Core/StaticSingleton.h"
 #include "Managers/Gfx/GfxManager.h"
 #include "Managers/Widgets/WidgetManager.h"
-#include "Platform/Clutter/Clutter.h"
+#include "Platform/Clutter/Actor.h"
 #include "Platform/Clutter/PaintedGroup.h"
 #include "Widgets/EnhancedGroup.h"
 
@@ -91,7 +91,7 @@ void CWidget::InitialiseClutterGroup()
     }
     // The group's container holds it too; this reference keeps it valid for as long as the widget calls it.
     m_actor = CLUTTER_ACTOR(g_object_ref_sink(actor));
-    clutter_actor_set_position(m_actor, static_cast<float>(m_topLeft.X()), static_cast<float>(m_topLeft.Y()));
+    Platform::MoveActor(m_actor, static_cast<float>(m_topLeft.X()), static_cast<float>(m_topLeft.Y()));
     painted_group_set_size(PAINTED_GROUP(m_actor), static_cast<float>(m_width), static_cast<float>(m_height));
     UpdateScissor({});
     painted_group_set_painter(PAINTED_GROUP(m_actor), DrawWidget, this);
@@ -274,7 +274,7 @@ void CWidget::Move(const Common::CPoint& a_topLeft)
     m_topLeft = topLeft;
     if (ClutterActor* actor = GetActor())
     {
-        clutter_actor_set_position(actor, static_cast<float>(topLeft.X()), static_cast<float>(topLeft.Y()));
+        Platform::MoveActor(actor, static_cast<float>(topLeft.X()), static_cast<float>(topLeft.Y()));
     }
     Invalidate(false);
 }
@@ -515,7 +515,7 @@ void CWidget::SetProperty(const std::string& a_name, const std::string& a_value)
     }
     else
     {
-        m_properties[a_name] = a_value;
+        Record().properties[a_name] = a_value;
     }
 }
 
@@ -533,8 +533,12 @@ std::string CWidget::GetProperty(const std::string& a_name, const std::string& a
     {
         return TextFromBool(m_remoteLockout);
     }
-    const auto property = m_properties.find(a_name);
-    return property != m_properties.end() ? property->second : a_default;
+    if (m_record == nullptr)
+    {
+        return a_default;
+    }
+    const auto property = m_record->properties.find(a_name);
+    return property != m_record->properties.end() ? property->second : a_default;
 }
 
 std::vector<SPropertyInfo> CWidget::Properties() const
@@ -754,12 +758,13 @@ void CWidget::Draw() const
 
 const std::map<std::string, std::string>& CWidget::GetCustomInfo()
 {
-    for (const auto& [name, value] : m_properties)
+    SRecord& record = Record();
+    for (const auto& [name, value] : record.properties)
     {
-        m_customInfo[name] = value;
+        record.customInfo[name] = value;
     }
     UpdateCustomInfo();
-    return m_customInfo;
+    return record.customInfo;
 }
 
 std::string CWidget::GetWidgetInfo()
@@ -769,11 +774,21 @@ std::string CWidget::GetWidgetInfo()
     return UpdatedStatus().GetFileContents();
 }
 
+CWidget::SRecord& CWidget::Record()
+{
+    if (m_record == nullptr)
+    {
+        m_record = std::make_unique<SRecord>();
+    }
+    return *m_record;
+}
+
 const CWidgetStatus& CWidget::UpdatedStatus()
 {
-    m_status.UpdateStatus(GetName(), m_type, m_topLeft.X(), m_topLeft.Y(), m_width, m_height, m_visible, m_enabled,
-                          m_selected, this);
-    return m_status;
+    CWidgetStatus& status = Record().status;
+    status.UpdateStatus(GetName(), m_type, m_topLeft.X(), m_topLeft.Y(), m_width, m_height, m_visible, m_enabled,
+                        m_selected, this);
+    return status;
 }
 
 CWidget::WidgetPtr CWidget::Self() const
@@ -783,7 +798,7 @@ CWidget::WidgetPtr CWidget::Self() const
 
 void CWidget::SetCustomInfo(const std::string& a_name, const std::string& a_value)
 {
-    m_customInfo[a_name] = a_value;
+    Record().customInfo[a_name] = a_value;
 }
 
 } // namespace Gfx::Widgets

@@ -14,6 +14,7 @@
 
 #include <list>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -266,7 +267,7 @@ public:
     std::string GetWidgetInfo();
 
     /// The status dump as GetWidgetInfo() has left it, to be written to a file.
-    [[nodiscard]] CWidgetStatus& Status() { return m_status; }
+    [[nodiscard]] CWidgetStatus& Status() { return Record().status; }
 
     void SetVisibilityChangedEventHandler(VetoableToggleHandler* a_handler) { m_visibilityChangedHandler = a_handler; }
     void SetEnabledChangedEventHandler(VetoableToggleHandler* a_handler) { m_enabledChangedHandler = a_handler; }
@@ -307,7 +308,11 @@ protected:
 
     /// The values that the status dump shows of the control, by name.
     void SetCustomInfo(const std::string& a_name, const std::string& a_value);
-    void ClearCustomInfo() { m_customInfo.clear(); }
+    void ClearCustomInfo() { Record().customInfo.clear(); }
+
+    /// Whether the widget has a custom info yet. Before somebody asks for it or sets one, which few widgets live to
+    /// see, a control whose UpdateCustomInfo() always sets the same names can spare itself the work.
+    [[nodiscard]] bool HasCustomInfo() const { return m_record != nullptr; }
 
     /// Queues a redraw as Invalidate(false) of this class does, for what changes no layout.
     void QueueRedraw();
@@ -323,6 +328,15 @@ private:
     friend class CWidgetStatus;
     friend class detail::CHitTest;
 
+    /// What only dumps, and properties that the control doesn't know, have use for.
+    struct SRecord
+    {
+        CWidgetStatus status;
+        std::map<std::string, std::string> customInfo;
+        std::map<std::string, std::string> properties;
+    };
+
+    SRecord& Record();
     const CWidgetStatus& UpdatedStatus();
     void DestroyFoundChild(const WidgetPtr& a_child);
     /// Moves the child's actor into this widget's group; false if handlers have prevented it.
@@ -366,11 +380,10 @@ private:
     ClickHandler* m_clickHandler = nullptr;
     MouseHandler* m_mouseHandler = nullptr;
 
-    CWidgetStatus m_status;
     std::string m_name;
     std::string m_type;
-    std::map<std::string, std::string> m_customInfo;
-    std::map<std::string, std::string> m_properties;
+    /// Made when it is first needed.
+    std::unique_ptr<SRecord> m_record;
 };
 
 } // namespace Gfx::Widgets

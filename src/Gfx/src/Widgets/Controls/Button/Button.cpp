@@ -102,10 +102,9 @@ void CButton::LoadTextures()
     {
         if (!layer.HasTexture())
         {
-            layer.Locate({0, 0, Width(), Height()});
+            layer.Retrieve({0, 0, Width(), Height()});
         }
     }
-    m_current->second.layers[m_state].Prepare();
     if (m_hasImage)
     {
         LoadImage();
@@ -236,11 +235,7 @@ void CButton::SetFlashTexture(const std::string& a_element)
 
 void CButton::LoadFlashTexture()
 {
-    m_flash.Locate({0, 0, Width(), Height()});
-    if (m_flashing)
-    {
-        m_flash.Prepare();
-    }
+    m_flash.Retrieve({0, 0, Width(), Height()});
 }
 
 void CButton::Flashing(bool a_flashing)
@@ -248,7 +243,6 @@ void CButton::Flashing(bool a_flashing)
     if (a_flashing != m_flashing)
     {
         m_flashing = a_flashing;
-        m_flash.Prepare();
         m_flashCounter = 0;
         m_flashRising = false;
         QueueRedraw();
@@ -421,6 +415,10 @@ void CButton::UpdateStyle()
 
 void CButton::UpdateCustomInfo()
 {
+    if (!HasCustomInfo())
+    {
+        return;
+    }
     const auto yesOrNo = [](bool a_value) { return a_value ? "Yes" : "No"; };
     SetCustomInfo("Text", m_text.Display());
     SetCustomInfo("Image", m_hasImage ? m_imageName : "");

@@ -4,7 +4,7 @@
 #include "Gfx/Common/Alignment.h"
 #include "Managers/Config/StyleKeys.h"
 #include "Managers/Widgets/WidgetManager.h"
-#include "Platform/Clutter/Clutter.h"
+#include "Platform/Clutter/Actor.h"
 
 #include <array>
 #include <cstdint>
@@ -249,7 +249,7 @@ void CWindow::EndDragging()
 
 void CWindow::PlaceActor()
 {
-    clutter_actor_set_position(GetActor(), static_cast<float>(TopLeft().X()), static_cast<float>(TopLeft().Y()));
+    Platform::MoveActor(GetActor(), static_cast<float>(TopLeft().X()), static_cast<float>(TopLeft().Y()));
 }
 
 void CWindow::UpdateLocalisedText()
