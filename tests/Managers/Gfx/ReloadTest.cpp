@@ -7,6 +7,7 @@
 #include "Managers/Layout/LayoutManager.h"
 #include "Managers/Textures/TextureManager.h"
 #include "Managers/Themes/ThemeManager.h"
+#include "Widgets/Controls/Button/Button.h"
 #include "Widgets/Controls/Image/Image.h"
 #include "support/LogGuard.h"
 #include "support/StageTest.h"
@@ -278,6 +279,24 @@ TEST_F(ReloadTest, ALayoutThatComesBackSpeaksTheLanguageOfNow)
     EXPECT_EQ(Layouts().RetrieveLayout("Kept").front(), kept);
     EXPECT_EQ(kept->GetCustomInfo().at("Text"), "Hallo");
     ASSERT_TRUE(localisation.SetLanguage("en"));
+}
+
+TEST_F(ReloadTest, AWidgetOffTheStageDrawsNothingThatWasGivenUp)
+{
+    GfxTest::ExpectLog("texture not loaded - loading now");
+    const Core::SharedPtr<Gfx::Widgets::CButton> button(new Gfx::Widgets::CButton("button", 0, 0, 40, 40, false));
+    button->SetTextures("Face", "Face", "Face", "Default");
+    const Core::SharedPtr<CImage> image(new CImage("image", 40, 0, 40, 40, "Face"));
+    const auto ground = AddTopLevel(new GfxTest::CBlock("ground", 0, 0, 800, 480, Gfx::Colours::Black));
+    WriteElement(76, 52);
+    EXPECT_TRUE(Reload().empty());
+    EXPECT_TRUE(Reload().empty());
+    button->MouseEvent(Gfx::Events::FirstDown, 1, {5, 5}, false);
+    ground->AddChildren({button, image});
+    EXPECT_EQ(FreshPicture().At(20, 20), k_orange);
+    EXPECT_EQ(FreshPicture().At(60, 20), Gfx::Colours::Black);
+    ground->UpdateStyle();
+    EXPECT_EQ(FreshPicture().At(60, 20), k_orange);
 }
 
 TEST_F(ReloadTest, AFormerLayoutHearsNoMoreOfTouchesBesideIt)

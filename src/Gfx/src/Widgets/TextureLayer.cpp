@@ -28,6 +28,7 @@ bool CTextureLayer::Retrieve(const Common::CAABB& a_rectangle)
 {
     DropTexture();
     m_maker = Textures().LocateElement(m_element, m_texture);
+    m_reloads = Textures().Reloads();
     m_rectangle = a_rectangle;
     m_valid = m_maker != nullptr;
     m_quads.clear();
@@ -87,9 +88,14 @@ void CTextureLayer::DropTexture()
     m_texture = nullptr;
 }
 
+bool CTextureLayer::IsGivenUp() const
+{
+    return !m_owned && Textures().Reloads() - m_reloads > 1;
+}
+
 void CTextureLayer::Draw() const
 {
-    if (!m_valid)
+    if (!m_valid || IsGivenUp())
     {
         return;
     }

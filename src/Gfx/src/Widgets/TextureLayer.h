@@ -47,8 +47,8 @@ public:
     /// Whether the last retrieval has succeeded.
     [[nodiscard]] bool IsValid() const { return m_valid; }
 
-    /// Whether quads are at hand. What has been dropped is to be retrieved again.
-    [[nodiscard]] bool HasTexture() const { return m_texture != nullptr; }
+    /// Whether quads are at hand. What has been dropped, or given up by the texture manager, is to be retrieved again.
+    [[nodiscard]] bool HasTexture() const { return m_texture != nullptr && !IsGivenUp(); }
     void DropTexture();
 
     /// The widths of the element's borders, in pixels; 0 if it isn't known.
@@ -58,6 +58,10 @@ public:
     void Element(const std::string& a_element) { m_element = a_element; }
 
 private:
+    /// Whether the texture manager's element and texture are gone. It tells the widgets on the stage to retrieve them
+    /// anew before that, but there may be others.
+    [[nodiscard]] bool IsGivenUp() const;
+
     std::string m_element;
     mutable std::vector<STexturedQuad> m_quads;
     /// What makes the quads, as long as there are none; the texture manager's.
@@ -67,6 +71,8 @@ private:
     bool m_valid = false;
     /// Whether the texture is the layer's own, from a file or from memory, and not a page's.
     bool m_owned = false;
+    /// Of the texture manager, when it was asked.
+    unsigned m_reloads = 0;
     std::string m_file;
 };
 

@@ -85,6 +85,7 @@ bool CTextureManager::Reload(std::string& a_error)
     m_formerPages = std::move(m_pages);
     m_pages.clear();
     m_pageOfElement.clear();
+    ++m_reloads;
     ReadTable(document);
     return true;
 }

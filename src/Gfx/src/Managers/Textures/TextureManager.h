@@ -44,6 +44,9 @@ public:
     /// says where the fault is.
     [[nodiscard]] bool Reload(std::string& a_error);
 
+    /// How often the table has been read again.
+    [[nodiscard]] unsigned Reloads() const { return m_reloads; }
+
     /// Loads all pages now, rather than each at its first use.
     void LoadTextures();
 
@@ -53,8 +56,7 @@ public:
     [[nodiscard]] bool RetrieveTexture(const std::string& a_name, int a_x, int a_y, int a_width, int a_height,
                                        std::vector<STexturedQuad>& a_quads, void*& a_texture);
 
-    /// The same without the quads, which the element makes: null in place of false. The element stays the manager's,
-    /// to the end of the process.
+    /// The same without the quads, which the element makes: null in place of false. The element stays the manager's.
     [[nodiscard]] const CTexturedElement* LocateElement(const std::string& a_name, void*& a_texture);
 
     /// The width of one border of an element, in pixels; 0 if no page has it.
@@ -84,6 +86,7 @@ private:
     std::list<CTexturePage> m_formerPages;
     std::unordered_map<std::string, CTexturePage*> m_pageOfElement;
     std::string m_directory;
+    unsigned m_reloads = 0;
 };
 
 } // namespace Gfx::Managers
