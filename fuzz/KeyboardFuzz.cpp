@@ -4,7 +4,7 @@
 #include "fuzz/support/Target.h"
 
 #include "Managers/Config/ConfigManager.h"
-#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 
 #include <filesystem>
 

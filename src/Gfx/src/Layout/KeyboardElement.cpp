@@ -1,7 +1,7 @@
 #include "Layout/KeyboardElement.h"
 
 #include "Core/Functor.h"
-#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 
 #include <array>
 

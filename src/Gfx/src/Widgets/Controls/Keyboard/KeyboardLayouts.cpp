@@ -8,7 +8,7 @@
 #include "Core/Utilities.h"
 #include "Managers/Config/ConfigManager.h"
 #include "Managers/Gfx/GfxManager.h"
-#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 
 #include <algorithm>
 #include <array>

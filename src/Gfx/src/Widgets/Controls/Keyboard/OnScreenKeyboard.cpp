@@ -1,4 +1,4 @@
-#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 
 #include "Core/Assert.h"
 #include "Gfx/Common/Alignment.h"

@@ -1,7 +1,7 @@
 // The layouts in data/.
 
 #include "Managers/Textures/TextureManager.h"
-#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 #include "support/StageTest.h"
 
 #include <map>

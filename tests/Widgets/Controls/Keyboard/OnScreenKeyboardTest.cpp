@@ -1,4 +1,4 @@
-#include "Widgets/Controls/OnScreenKeyboard/OnScreenKeyboard.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 
 #include "Managers/Textures/TextureManager.h"
 #include "support/LogGuard.h"
