@@ -208,7 +208,7 @@ TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
 TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndAThemesColourStays)
 {
     const GfxTest::CTemporaryDirectory data;
-    data.Write("font.xml", "<Layouts><Layout id='Font'><Label id='l' x='0' y='0'><Font><Size>31px</Size>"
+    data.Write("font.xml", "<Layouts><Layout id='Font'><Label id='l' x='0' y='0'><Font><Size>9</Size><Size>31px</Size>"
                            "<Colour>\n  Ink\n</Colour><Alignment>Bottom,Right</Alignment></Font></Label>"
                            "<Label id='m' x='0' y='0'><Font><Name>Serif</Name><Colour>Red</Colour></Font></Label>"
                            "<Label id='n' x='0' y='0'><Font><ThemeColour> Red </ThemeColour></Font></Label>"

@@ -337,34 +337,31 @@ CElement::ActionList CElement::ProcessEventActions(const XMLNode& a_node)
 
 void CElement::ProcessFont(const XMLNode& a_node, Text::CFontSettings& a_font)
 {
-    const auto value = [&a_node](const char* a_name, std::string& a_text)
+    for (const XMLNode& child : a_node.Children())
     {
-        const XMLNode* const node = a_node.Child(a_name);
-        a_text = node != nullptr ? TextOf(*node) : "";
-        return node != nullptr;
-    };
-    std::string text;
-    if (value("Name", text))
-    {
-        a_font.name = text;
-    }
-    if (value("Size", text))
-    {
-        a_font.size = Widgets::NumberFromText(text);
-    }
-    if (value("Colour", text))
-    {
-        // Until the style is next read: the name by which the control finds its colour stays.
-        a_font.colour = ColourFromString(text);
-    }
-    if (value("ThemeColour", text))
-    {
-        a_font.colourName = text;
-        a_font.UpdateStyle();
-    }
-    if (value("Alignment", text))
-    {
-        a_font.alignment = AlignmentFromString(text);
+        const std::string text = TextOf(child);
+        if (child.Name() == "Name")
+        {
+            a_font.name = text;
+        }
+        else if (child.Name() == "Size")
+        {
+            a_font.size = Widgets::NumberFromText(text);
+        }
+        else if (child.Name() == "Colour")
+        {
+            // Until the style is next read: the name by which the control finds its colour stays.
+            a_font.colour = ColourFromString(text);
+        }
+        else if (child.Name() == "ThemeColour")
+        {
+            a_font.colourName = text;
+            a_font.UpdateStyle();
+        }
+        else if (child.Name() == "Alignment")
+        {
+            a_font.alignment = AlignmentFromString(text);
+        }
     }
 }
 
