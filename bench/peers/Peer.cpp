@@ -162,15 +162,24 @@ std::vector<SButton> Buttons(int a_count)
     return buttons;
 }
 
-/// The one that is clicked, lowest of all, and small ones beside it.
-std::vector<SButton> ButtonsToPress(int a_count)
+/// Shows the one that is clicked, lowest of all, and small ones beside it.
+void ShowButtonsToPress(CPeer& a_peer, int a_count)
 {
     std::vector<SButton> buttons{{0, 0, 80, 40, "Press"}};
     for (int i = 0; i < a_count; ++i)
     {
         buttons.push_back({i % 100 * 8, 60 + i / 100 * 4, 7, 3, ""});
     }
-    return buttons;
+    Start(a_peer, false);
+    a_peer.Add(buttons);
+    WaitForFrame(a_peer);
+    Rest(a_peer, 0.5);
+}
+
+/// In turn in two places of it, lest they be double clicks.
+int ClickX(int a_number)
+{
+    return a_number % 2 == 0 ? 10 : 60;
 }
 
 void FirstFrame(CPeer& a_peer)
@@ -212,14 +221,10 @@ void Frames(CPeer& a_peer, const char* a_name, ActionT a_action)
 void Press(CPeer& a_peer, int a_count)
 {
     const int clicks = a_count > 1000 ? 100 : 2000;
-    Start(a_peer, false);
-    a_peer.Add(ButtonsToPress(a_count));
-    WaitForFrame(a_peer);
-    Rest(a_peer, 0.5);
-    // In turn in two places, lest they be double clicks.
+    ShowButtonsToPress(a_peer, a_count);
     const auto click = [&](int a_number)
     {
-        const int x = a_number % 2 == 0 ? 10 : 60;
+        const int x = ClickX(a_number);
         return a_peer.Touch(true, x, 20) && a_peer.Touch(false, x, 20);
     };
     if (!click(0))
@@ -240,17 +245,14 @@ void Press(CPeer& a_peer, int a_count)
 void PressThroughDisplay(CPeer& a_peer, int a_count)
 {
     const int clicks = a_count > 1000 ? 15 : 60;
-    Start(a_peer, false);
-    a_peer.Add(ButtonsToPress(a_count));
-    WaitForFrame(a_peer);
-    Rest(a_peer, 0.5);
+    ShowButtonsToPress(a_peer, a_count);
     Display* const display = XOpenDisplay(nullptr);
     Require(display != nullptr, "no display");
     std::vector<double> times;
     std::vector<double> processorTimes;
     for (int i = 0; i < clicks; ++i)
     {
-        XTestFakeMotionEvent(display, -1, i % 2 == 0 ? 10 : 60, 20, CurrentTime);
+        XTestFakeMotionEvent(display, -1, ClickX(i), 20, CurrentTime);
         XSync(display, False);
         Rest(a_peer, 0.05);
         const int before = s_clicks.count;

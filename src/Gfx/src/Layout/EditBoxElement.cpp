@@ -76,21 +76,8 @@ std::vector<SEventInfo> CEditBoxElement::Events() const
 
 void CEditBoxElement::ProcessEvents(const XMLNode& a_node)
 {
-    using TextChanged = Core::Functor<void, Widgets::CWidget*>;
-    auto* const box = dynamic_cast<CEditBox*>(Widget().Get());
-    for (const XMLNode& event : a_node.Children())
-    {
-        if (box != nullptr && event.Name() == "TextChanged")
-        {
-            m_textChangedActions = ProcessEventActions(event);
-            box->SetTextChangedEventHandler(
-                Keep(new TextChanged::Method<CEditBoxElement>(this, &CEditBoxElement::TextChangedHandler)));
-        }
-        else
-        {
-            ProcessEvent(event);
-        }
-    }
+    ProcessEventsAnd("TextChanged", m_textChangedActions, a_node, &CEditBox::SetTextChangedEventHandler,
+                     &CEditBoxElement::TextChangedHandler);
 }
 
 void CEditBoxElement::TextChangedHandler(Widgets::CWidget*)

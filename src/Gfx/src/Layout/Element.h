@@ -210,6 +210,30 @@ protected:
     /// The base events of a node's "Events" children.
     void ProcessEventsOf(const Core::IO::XMLNode& a_node);
 
+    /// An "Events" node of an element whose widget has one event more: that one's actions go to a_actions, and a_set
+    /// gives the widget the element's handler.
+    template <typename WidgetT, typename ElementT, typename... ArgumentsT>
+    void ProcessEventsAnd(const char* a_own, ActionList& a_actions, const Core::IO::XMLNode& a_node,
+                          void (WidgetT::*a_set)(typename Core::Functor<void, ArgumentsT...>::Signature*),
+                          void (ElementT::*a_handler)(ArgumentsT...))
+    {
+        using Handler = typename Core::Functor<void, ArgumentsT...>::template Method<ElementT>;
+        // An application's subclass may have no such widget.
+        auto* const widget = dynamic_cast<WidgetT*>(Widget().Get());
+        for (const Core::IO::XMLNode& event : a_node.Children())
+        {
+            if (widget != nullptr && event.Name() == a_own)
+            {
+                a_actions = ProcessEventActions(event);
+                (widget->*a_set)(Keep(new Handler(static_cast<ElementT*>(this), a_handler)));
+            }
+            else
+            {
+                ProcessEvent(event);
+            }
+        }
+    }
+
     /// The children of a container: each is an element, but for "Events", which a_processEvents gets.
     template <typename ProcessT>
     void ProcessContent(const Core::IO::XMLNode& a_node, ProcessT a_processEvents)

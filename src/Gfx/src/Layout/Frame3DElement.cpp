@@ -58,21 +58,8 @@ std::vector<SEventInfo> C3DFrameElement::Events() const
 
 void C3DFrameElement::ProcessEvents(const XMLNode& a_node)
 {
-    using Hit = Core::Functor<void, Widgets::CWidget*, Core::SharedPtr<C3DEntity>>;
-    auto* const frame = dynamic_cast<Widgets::C3DFrame*>(Widget().Get());
-    for (const XMLNode& event : a_node.Children())
-    {
-        if (frame != nullptr && event.Name() == "EntityHit")
-        {
-            m_entityHitActions = ProcessEventActions(event);
-            frame->SetEntityHitEventHandler(
-                Keep(new Hit::Method<C3DFrameElement>(this, &C3DFrameElement::EntityHitHandler)));
-        }
-        else
-        {
-            ProcessEvent(event);
-        }
-    }
+    ProcessEventsAnd("EntityHit", m_entityHitActions, a_node, &Widgets::C3DFrame::SetEntityHitEventHandler,
+                     &C3DFrameElement::EntityHitHandler);
 }
 
 void C3DFrameElement::EntityHitHandler(Widgets::CWidget*, Core::SharedPtr<C3DEntity>)

@@ -69,21 +69,8 @@ protected:
     template <typename ListT>
     void ProcessListEvents(const Core::IO::XMLNode& a_node)
     {
-        using Selection = Core::Functor<void, Widgets::CWidget*>;
-        auto* const list = dynamic_cast<ListT*>(Widget().Get());
-        for (const Core::IO::XMLNode& event : a_node.Children())
-        {
-            if (list != nullptr && event.Name() == "SelectionChanged")
-            {
-                m_selectionChangedActions = ProcessEventActions(event);
-                list->SetSelectionChangedEventHandler(
-                    Keep(new Selection::Method<CItemListElement>(this, &CItemListElement::SelectionChangedHandler)));
-            }
-            else
-            {
-                ProcessEvent(event);
-            }
-        }
+        ProcessEventsAnd("SelectionChanged", m_selectionChangedActions, a_node, &ListT::SetSelectionChangedEventHandler,
+                         &CItemListElement::SelectionChangedHandler);
     }
 
 private:

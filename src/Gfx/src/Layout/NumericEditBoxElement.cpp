@@ -72,21 +72,8 @@ std::vector<SNodeInfo> CNumericEditBoxElement::Nodes() const
 
 void CNumericEditBoxElement::ProcessEvents(const XMLNode& a_node)
 {
-    using TextChanged = Core::Functor<void, Widgets::CWidget*>;
-    auto* const box = dynamic_cast<CNumericEditBox*>(Widget().Get());
-    for (const XMLNode& event : a_node.Children())
-    {
-        if (box != nullptr && event.Name() == "TextChanged")
-        {
-            m_textChangedActions = ProcessEventActions(event);
-            box->SetTextChangedEventHandler(Keep(
-                new TextChanged::Method<CNumericEditBoxElement>(this, &CNumericEditBoxElement::TextChangedHandler)));
-        }
-        else
-        {
-            ProcessEvent(event);
-        }
-    }
+    ProcessEventsAnd("TextChanged", m_textChangedActions, a_node, &CNumericEditBox::SetTextChangedEventHandler,
+                     &CNumericEditBoxElement::TextChangedHandler);
 }
 
 void CNumericEditBoxElement::ProcessFields(CNumericEditBox& a_box, const XMLNode& a_fields)

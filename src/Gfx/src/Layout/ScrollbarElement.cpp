@@ -99,21 +99,8 @@ std::vector<SNodeInfo> CScrollbarElement::Nodes() const
 
 void CScrollbarElement::ProcessEvents(const XMLNode& a_node)
 {
-    using Scroll = Core::Functor<void, Widgets::CWidget*, int>;
-    auto* const bar = dynamic_cast<Widgets::CScrollBar*>(Widget().Get());
-    for (const XMLNode& event : a_node.Children())
-    {
-        if (bar != nullptr && event.Name() == "Scroll")
-        {
-            m_scrollActions = ProcessEventActions(event);
-            bar->SetScrollEventHandler(
-                Keep(new Scroll::Method<CScrollbarElement>(this, &CScrollbarElement::ScrollHandler)));
-        }
-        else
-        {
-            ProcessEvent(event);
-        }
-    }
+    ProcessEventsAnd("Scroll", m_scrollActions, a_node, &Widgets::CScrollBar::SetScrollEventHandler,
+                     &CScrollbarElement::ScrollHandler);
 }
 
 void CScrollbarElement::ScrollHandler(Widgets::CWidget*, int)
