@@ -14,6 +14,19 @@ GObject* ConstructWithoutLayout(GType a_type, guint a_count, GObjectConstructPar
 /// not: they are as large as the rest of what Clutter keeps beside the actor.
 void MoveActor(ClutterActor* a_actor, float a_x, float a_y);
 
+/// The class of an actor that shows a text.
+struct STextActorClass
+{
+    ClutterActorClass parent;
+    PangoLayout* (*getLayout)(ClutterActor*);
+    ClutterColor (*getColour)(ClutterActor*);
+};
+
+/// Begins the initialisation of such a class: no layout manager, one thing to paint, and the read-only properties
+/// "text", what the layout shows, and "color".
+void InitialiseTextActorClass(gpointer a_class, PangoLayout* (*a_getLayout)(ClutterActor*),
+                              ClutterColor (*a_getColour)(ClutterActor*));
+
 /// Answers a question for the preferred width or height, each part of which may not be asked, by one length.
 void ReturnLength(float a_length, float* a_minimum, float* a_natural);
 

@@ -55,17 +55,6 @@ struct ClutterEntry
 namespace
 {
 
-enum EProperty : guint
-{
-    epText = 1,
-    epColour
-};
-
-struct ClutterEntryClass
-{
-    ClutterActorClass parent;
-};
-
 ClutterActorClass* s_parentClass = nullptr;
 guint s_textChangedSignal = 0;
 
@@ -194,17 +183,6 @@ gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
     return clutter_paint_volume_set_from_allocation(a_volume, a_actor);
 }
 
-void GetProperty(GObject* a_object, guint a_property, GValue* a_value, GParamSpec* a_spec)
-{
-    auto* const actor = CLUTTER_ENTRY(a_object);
-    switch (a_property)
-    {
-    case epText: g_value_set_string(a_value, pango_layout_get_text(Layout(actor))); break;
-    case epColour: clutter_value_set_color(a_value, &actor->entry->colour); break;
-    default: G_OBJECT_WARN_INVALID_PROPERTY_ID(a_object, a_property, a_spec);
-    }
-}
-
 void Finalise(GObject* a_object)
 {
     delete CLUTTER_ENTRY(a_object)->entry;
@@ -214,15 +192,10 @@ void Finalise(GObject* a_object)
 void InitialiseClass(gpointer a_class, gpointer)
 {
     s_parentClass = CLUTTER_ACTOR_CLASS(g_type_class_peek_parent(a_class));
-    GObjectClass* const objectClass = G_OBJECT_CLASS(a_class);
-    objectClass->constructor = Platform::ConstructWithoutLayout;
-    objectClass->finalize = Finalise;
-    objectClass->get_property = GetProperty;
-    g_object_class_install_property(objectClass, epText,
-                                    g_param_spec_string("text", nullptr, "What is shown", "", G_PARAM_READABLE));
-    g_object_class_install_property(
-        objectClass, epColour,
-        clutter_param_spec_color("color", nullptr, "The text's colour", CLUTTER_COLOR_Black, G_PARAM_READABLE));
+    Platform::InitialiseTextActorClass(
+        a_class, [](ClutterActor* a_actor) { return Layout(CLUTTER_ENTRY(a_actor)); },
+        [](ClutterActor* a_actor) { return CLUTTER_ENTRY(a_actor)->entry->colour; });
+    G_OBJECT_CLASS(a_class)->finalize = Finalise;
     s_textChangedSignal = g_signal_new("text-changed", G_TYPE_FROM_CLASS(a_class), G_SIGNAL_RUN_LAST, 0, nullptr,
                                        nullptr, g_cclosure_marshal_VOID__VOID, G_TYPE_NONE, 0);
     ClutterActorClass* const actorClass = CLUTTER_ACTOR_CLASS(a_class);
@@ -231,7 +204,6 @@ void InitialiseClass(gpointer a_class, gpointer)
     actorClass->allocate = Allocate;
     actorClass->paint = Paint;
     actorClass->get_paint_volume = GetPaintVolume;
-    actorClass->has_overlaps = [](ClutterActor*) -> gboolean { return FALSE; };
 }
 
 void InitialiseInstance(GTypeInstance* a_instance, gpointer)
@@ -287,8 +259,8 @@ bool PutText(SEntry& a_entry, const char* a_text)
 GType clutter_entry_get_type()
 {
     static const GType s_type =
-        g_type_register_static_simple(clutter_actor_get_type(), "GfxEntry", sizeof(ClutterEntryClass), InitialiseClass,
-                                      sizeof(ClutterEntry), InitialiseInstance, GTypeFlags{});
+        g_type_register_static_simple(clutter_actor_get_type(), "GfxEntry", sizeof(Platform::STextActorClass),
+                                      InitialiseClass, sizeof(ClutterEntry), InitialiseInstance, GTypeFlags{});
     return s_type;
 }
 

@@ -46,17 +46,6 @@ struct ClutterLabel
 namespace
 {
 
-enum EProperty : guint
-{
-    epText = 1,
-    epColour
-};
-
-struct ClutterLabelClass
-{
-    ClutterActorClass parent;
-};
-
 ClutterActorClass* s_parentClass = nullptr;
 
 void PutText(const SLabel& a_label)
@@ -189,17 +178,6 @@ gboolean GetPaintVolume(ClutterActor* a_actor, ClutterPaintVolume* a_volume)
     return TRUE;
 }
 
-void GetProperty(GObject* a_object, guint a_property, GValue* a_value, GParamSpec* a_spec)
-{
-    auto* const label = CLUTTER_LABEL(a_object);
-    switch (a_property)
-    {
-    case epText: g_value_set_string(a_value, pango_layout_get_text(Layout(label, -1, -1))); break;
-    case epColour: clutter_value_set_color(a_value, &label->label->colour); break;
-    default: G_OBJECT_WARN_INVALID_PROPERTY_ID(a_object, a_property, a_spec);
-    }
-}
-
 void Finalise(GObject* a_object)
 {
     delete CLUTTER_LABEL(a_object)->label;
@@ -209,22 +187,16 @@ void Finalise(GObject* a_object)
 void InitialiseClass(gpointer a_class, gpointer)
 {
     s_parentClass = CLUTTER_ACTOR_CLASS(g_type_class_peek_parent(a_class));
-    GObjectClass* const objectClass = G_OBJECT_CLASS(a_class);
-    objectClass->constructor = Platform::ConstructWithoutLayout;
-    objectClass->finalize = Finalise;
-    objectClass->get_property = GetProperty;
-    g_object_class_install_property(objectClass, epText,
-                                    g_param_spec_string("text", nullptr, "What is shown", "", G_PARAM_READABLE));
-    g_object_class_install_property(
-        objectClass, epColour,
-        clutter_param_spec_color("color", nullptr, "The text's colour", CLUTTER_COLOR_Black, G_PARAM_READABLE));
+    Platform::InitialiseTextActorClass(
+        a_class, [](ClutterActor* a_actor) { return Layout(CLUTTER_LABEL(a_actor), -1, -1); },
+        [](ClutterActor* a_actor) { return CLUTTER_LABEL(a_actor)->label->colour; });
+    G_OBJECT_CLASS(a_class)->finalize = Finalise;
     ClutterActorClass* const actorClass = CLUTTER_ACTOR_CLASS(a_class);
     actorClass->get_preferred_width = GetPreferredWidth;
     actorClass->get_preferred_height = GetPreferredHeight;
     actorClass->allocate = Allocate;
     actorClass->paint = Paint;
     actorClass->get_paint_volume = GetPaintVolume;
-    actorClass->has_overlaps = [](ClutterActor*) -> gboolean { return FALSE; };
 }
 
 void InitialiseInstance(GTypeInstance* a_instance, gpointer)
@@ -256,8 +228,8 @@ void Remeasure(ClutterLabel* a_actor, PutT a_put)
 GType clutter_label_get_type()
 {
     static const GType s_type =
-        g_type_register_static_simple(clutter_actor_get_type(), "GfxLabel", sizeof(ClutterLabelClass), InitialiseClass,
-                                      sizeof(ClutterLabel), InitialiseInstance, GTypeFlags{});
+        g_type_register_static_simple(clutter_actor_get_type(), "GfxLabel", sizeof(Platform::STextActorClass),
+                                      InitialiseClass, sizeof(ClutterLabel), InitialiseInstance, GTypeFlags{});
     return s_type;
 }
 
