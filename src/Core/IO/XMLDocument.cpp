@@ -128,10 +128,10 @@ private:
     int m_column = 1;
 };
 
-/// A character reference can name what isn't a character.
-std::string ValidText(std::string a_text)
+/// A character reference can name what isn't a character; all else has been looked at before.
+std::string ValidText(std::string a_text, bool a_hasReferences)
 {
-    if (g_utf8_validate(a_text.data(), static_cast<gssize>(a_text.size()), nullptr))
+    if (!a_hasReferences || g_utf8_validate(a_text.data(), static_cast<gssize>(a_text.size()), nullptr))
     {
         return a_text;
     }
@@ -141,9 +141,11 @@ std::string ValidText(std::string a_text)
 }
 
 /// Makes nodes of a_source's child elements. Returns false, with a_position at the element, if one lies too deep.
-bool ReadChildren(const pugi::xml_node& a_source, int a_depth, CPosition& a_position, std::list<XMLNode>& a_children)
+bool ReadChildren(const pugi::xml_node& a_source, int a_depth, bool a_hasReferences, CPosition& a_position,
+                  std::list<XMLNode>& a_children)
 {
-    for (const pugi::xml_node& source : a_source.children())
+    // Not by the parser's iterators, each step of which is several calls.
+    for (pugi::xml_node source = a_source.first_child(); source; source = source.next_sibling())
     {
         if (source.type() != pugi::node_element)
         {
@@ -159,7 +161,7 @@ bool ReadChildren(const pugi::xml_node& a_source, int a_depth, CPosition& a_posi
         const int column = a_position.Column();
 
         std::string data;
-        for (const pugi::xml_node& child : source.children())
+        for (pugi::xml_node child = source.first_child(); child; child = child.next_sibling())
         {
             if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
             {
@@ -167,17 +169,18 @@ bool ReadChildren(const pugi::xml_node& a_source, int a_depth, CPosition& a_posi
             }
         }
         XMLNode::AttributeMap attributes;
-        for (const pugi::xml_attribute& attribute : source.attributes())
+        for (pugi::xml_attribute attribute = source.first_attribute(); attribute;
+             attribute = attribute.next_attribute())
         {
-            attributes.emplace(attribute.name(), ValidText(attribute.value()));
+            attributes.emplace(attribute.name(), ValidText(attribute.value(), a_hasReferences));
         }
         std::list<XMLNode> children;
-        if (!ReadChildren(source, a_depth + 1, a_position, children))
+        if (!ReadChildren(source, a_depth + 1, a_hasReferences, a_position, children))
         {
             return false;
         }
-        a_children.emplace_back(source.name(), ValidText(std::move(data)), std::move(attributes), std::move(children),
-                                line, column);
+        a_children.emplace_back(source.name(), ValidText(std::move(data), a_hasReferences), std::move(attributes),
+                                std::move(children), line, column);
     }
     return true;
 }
@@ -291,7 +294,8 @@ bool XMLDocument::Load(std::string_view a_text, const std::string& a_name)
     }
 
     std::list<XMLNode> children;
-    if (!ReadChildren(document, 1, position, children))
+    const bool hasReferences = text->find("&#") != std::string::npos;
+    if (!ReadChildren(document, 1, hasReferences, position, children))
     {
         return fail("elements are nested more than 256 deep");
     }

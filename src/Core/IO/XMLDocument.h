@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace Core::IO
 {
@@ -39,6 +40,10 @@ public:
     /// The element that holds what a file is about, by its name: the root element, or else the first of that name
     /// directly below the root element; null if there is none.
     [[nodiscard]] const XMLNode* Section(const std::string& a_name) const;
+    [[nodiscard]] XMLNode* Section(const std::string& a_name)
+    {
+        return const_cast<XMLNode*>(std::as_const(*this).Section(a_name));
+    }
 
 private:
     bool Load(std::string_view a_text, const std::string& a_name);

@@ -39,6 +39,7 @@ public:
 
     /// The child elements in document order.
     [[nodiscard]] const std::list<XMLNode>& Children() const { return m_children; }
+    [[nodiscard]] std::list<XMLNode>& Children() { return m_children; }
 
     /// Where the start tag lies in its file, from 1, columns in characters; 0 for a node that isn't from a file and for
     /// the document node.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <list>
 #include <set>
 #include <utility>
 
@@ -51,7 +52,7 @@ public:
 
     void Read(const std::string& a_path)
     {
-        Core::IO::XMLDocument document;
+        Core::IO::XMLDocument& document = m_documents.emplace_back();
         if (!document.Parse(a_path))
         {
             m_findings.push_back(document.ErrorText());
@@ -81,7 +82,7 @@ public:
             }
             else
             {
-                m_layouts.emplace_back(a_path, layout);
+                m_layouts.emplace_back(a_path, &layout);
             }
         }
     }
@@ -107,7 +108,7 @@ public:
         for (const auto& [file, layout] : m_layouts)
         {
             m_file = file;
-            CheckElements(layout, true);
+            CheckElements(*layout, true);
         }
         return std::move(m_findings);
     }
@@ -296,8 +297,9 @@ private:
     std::vector<SNodeInfo> m_elements;
     std::vector<SActionInfo> m_actions = CElement::ActionWords();
     std::set<std::string> m_registered;
-    /// With their files.
-    std::vector<std::pair<std::string, XMLNode>> m_layouts;
+    std::list<Core::IO::XMLDocument> m_documents;
+    /// Those of the documents, with their files.
+    std::vector<std::pair<std::string, const XMLNode*>> m_layouts;
     std::set<std::string> m_ids;
     std::set<std::string> m_keyboards;
     std::string m_file;

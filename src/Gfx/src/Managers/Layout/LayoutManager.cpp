@@ -97,13 +97,13 @@ bool CLayoutManager::ReadFile(const std::string& a_path, std::map<std::string, X
         }
         return false;
     }
-    if (const XMLNode* const layouts = document.Section("Layouts"))
+    if (XMLNode* const layouts = document.Section("Layouts"))
     {
-        for (const XMLNode& child : layouts->Children())
+        for (XMLNode& child : layouts->Children())
         {
             if (child.Name() == "Layout")
             {
-                a_layouts[child.Attribute("id", "")] = child;
+                a_layouts[child.Attribute("id", "")] = std::move(child);
             }
         }
     }
