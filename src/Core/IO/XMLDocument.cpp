@@ -312,6 +312,11 @@ bool XMLDocument::Report(bool a_success) const
     return a_success;
 }
 
+XMLNode* XMLDocument::Section(const std::string& a_name)
+{
+    return const_cast<XMLNode*>(std::as_const(*this).Section(a_name));
+}
+
 const XMLNode* XMLDocument::Section(const std::string& a_name) const
 {
     if (const XMLNode* root = m_root.Child(a_name))

@@ -39,6 +39,7 @@ public:
 
     /// The element that holds what a file is about, by its name: the root element, or else the first of that name
     /// directly below the root element; null if there is none.
+    [[nodiscard]] XMLNode* Section(const std::string& a_name);
     [[nodiscard]] const XMLNode* Section(const std::string& a_name) const;
     [[nodiscard]] XMLNode* Section(const std::string& a_name)
     {

@@ -1,6 +1,7 @@
 #include "Core/IO/XMLNode.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace Core::IO
@@ -35,11 +36,26 @@ std::string XMLNode::Attribute(const std::string& a_name, const std::string& a_f
     return attribute != m_attributes.end() ? attribute->second : a_fallback;
 }
 
-bool XMLNode::HasSameContent(const XMLNode& a_other) const
+std::size_t XMLNode::ContentHash() const
 {
-    return m_name == a_other.m_name && m_data == a_other.m_data && m_attributes == a_other.m_attributes &&
-           std::equal(m_children.begin(), m_children.end(), a_other.m_children.begin(), a_other.m_children.end(),
-                      [](const XMLNode& a_left, const XMLNode& a_right) { return a_left.HasSameContent(a_right); });
+    std::size_t hash = 0;
+    const auto add = [&hash](std::size_t a_part)
+    { hash ^= a_part + 0x9E3779B97F4A7C15U + (hash << 12U) + (hash >> 4U); };
+    const auto addText = [&add](const std::string& a_text) { add(std::hash<std::string>()(a_text)); };
+    addText(m_name);
+    addText(m_data);
+    add(m_attributes.size());
+    for (const auto& [name, value] : m_attributes)
+    {
+        addText(name);
+        addText(value);
+    }
+    add(m_children.size());
+    for (const XMLNode& child : m_children)
+    {
+        add(child.ContentHash());
+    }
+    return hash;
 }
 
 } // namespace Core::IO

@@ -2,9 +2,11 @@
 
 #include "Core/Api.h"
 
+#include <cstddef>
 #include <list>
 #include <map>
 #include <string>
+#include <utility>
 
 namespace Core::IO
 {
@@ -26,8 +28,9 @@ public:
     /// The attribute's value, or a_fallback if there is no such attribute.
     [[nodiscard]] std::string Attribute(const std::string& a_name, const std::string& a_fallback) const;
 
-    /// Whether a_other says the same, wherever either lies in its file.
-    [[nodiscard]] bool HasSameContent(const XMLNode& a_other) const;
+    /// A number that is another one for a node that says anything else, as good as always; where in a file the nodes
+    /// lie makes no difference.
+    [[nodiscard]] std::size_t ContentHash() const;
 
     /// The tag.
     [[nodiscard]] const std::string& Name() const { return m_name; }
@@ -40,6 +43,9 @@ public:
     /// The child elements in document order.
     [[nodiscard]] const std::list<XMLNode>& Children() const { return m_children; }
     [[nodiscard]] std::list<XMLNode>& Children() { return m_children; }
+
+    /// The same, taken from the node.
+    [[nodiscard]] std::list<XMLNode> TakeChildren() { return std::exchange(m_children, {}); }
 
     /// Where the start tag lies in its file, from 1, columns in characters; 0 for a node that isn't from a file and for
     /// the document node.

@@ -10,8 +10,8 @@ namespace Platform
 /// out. Such an actor has no children, or an `allocate` that sees to them.
 GObject* ConstructWithoutLayout(GType a_type, guint a_count, GObjectConstructParam* a_parameters);
 
-/// What clutter_actor_set_position does, without the tables for animations that it gives each actor first, animated or
-/// not: they are as large as the rest of what Clutter keeps beside the actor.
+/// What clutter_actor_set_position does, without first making the tables that an actor has for its animations: one on a
+/// screen that isn't shown then has none of them.
 void MoveActor(ClutterActor* a_actor, float a_x, float a_y);
 
 /// The class of an actor that shows a text.

@@ -5,9 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace
 {
@@ -78,6 +81,28 @@ TEST(XMLDocumentTest, ANodeKnowsWhereItsTagStarts)
         EXPECT_EQ(example.node->Line(), example.line) << example.node->Name();
         EXPECT_EQ(example.node->Column(), example.column) << example.node->Name();
     }
+}
+
+TEST(XMLDocumentTest, NodesThatSayTheSameHaveTheSameHash)
+{
+    const auto hash = [](const std::string& a_text)
+    {
+        XMLDocument document;
+        EXPECT_TRUE(document.ParseText(a_text, "text"));
+        return document.RootNode()->ContentHash();
+    };
+    const std::vector<std::string> texts{
+        "<a><b x='1' y='2'>t</b><b/></a>", "<a><c x='1' y='2'>t</c><b/></a>", "<a><b x='2' y='1'>t</b><b/></a>",
+        "<a><b x='1' z='2'>t</b><b/></a>", "<a><b x='1' y='2'>T</b><b/></a>", "<a><b x='1' y='2'>t<b/></b></a>",
+        "<a><b/><b x='1' y='2'>t</b></a>", "<a><b x='1'>t</b><b y='2'/></a>",
+    };
+    std::set<std::size_t> hashes;
+    for (const std::string& text : texts)
+    {
+        hashes.insert(hash(text));
+    }
+    EXPECT_EQ(hashes.size(), texts.size());
+    EXPECT_EQ(hash("<a><b\n  y='2'\n  x='1'>t</b><!-- elsewhere --><b/></a>"), hash(texts[0]));
 }
 
 TEST(XMLDocumentTest, FindValueFollowsAPathToItsFirstElement)

@@ -222,7 +222,8 @@ TEST_F(ReloadTest, ModelsAreReadAgainIfTheyHaveBeenRead)
 
 TEST_F(ReloadTest, AChangedLayoutTakesThePlaceOfTheFormerOneAndTheOthersStay)
 {
-    const std::string other = Layout("Other", Panel("o1") + Panel("o2"));
+    const std::string other =
+        Layout("Other", "<Panel id='o1' x='0' y='0'>" + Panel("inner") + "</Panel>" + Panel("o2"));
     ReloadLayouts(Layout("Main", Panel("m1") + Panel("m2") + Panel("m3")) + other + Layout("Unused", Panel("u")));
     Apply("Main");
     Apply("Other");

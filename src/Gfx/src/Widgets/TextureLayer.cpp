@@ -37,12 +37,12 @@ bool CTextureLayer::Retrieve(const Common::CAABB& a_rectangle)
 
 bool CTextureLayer::RetrieveFile(const std::string& a_path, const Common::CAABB& a_rectangle)
 {
-    if (m_file != a_path || a_path.empty())
+    if (m_file == nullptr || *m_file != a_path)
     {
         DropTexture();
         m_valid = Textures().LoadFileAsTexture(a_path, 0, 0, 0, 0, m_quads, m_texture);
         m_owned = m_valid;
-        m_file = a_path;
+        m_file = std::make_unique<const std::string>(a_path);
     }
     if (m_valid)
     {
@@ -83,7 +83,7 @@ void CTextureLayer::DropTexture()
         cogl_texture_release(m_texture);
         m_owned = false;
     }
-    m_file.clear();
+    m_file.reset();
     m_maker = nullptr;
     m_texture = nullptr;
 }

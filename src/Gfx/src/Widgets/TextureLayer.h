@@ -5,6 +5,7 @@
 #include "Gfx/Common/Margins.h"
 #include "Gfx/Common/TexturedQuad.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -73,7 +74,8 @@ private:
     bool m_owned = false;
     /// Of the texture manager, when it was asked.
     unsigned m_reloads = 0;
-    std::string m_file;
+    /// The path, if the texture was asked for by one.
+    std::unique_ptr<const std::string> m_file;
 };
 
 } // namespace Gfx::Widgets

@@ -30,7 +30,7 @@ bool CConfigManager::Reload(std::string& a_error)
         a_error = document.ErrorText();
         return false;
     }
-    if (document.RootNode()->HasSameContent(*RootNode()))
+    if (document.RootNode()->ContentHash() == RootNode()->ContentHash())
     {
         return true;
     }

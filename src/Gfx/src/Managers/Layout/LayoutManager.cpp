@@ -39,6 +39,18 @@ bool IsLayoutFile(const std::string& a_name)
     return dot != std::string::npos && a_name.substr(dot + 1) == "xml";
 }
 
+/// A node with its children, but without theirs.
+XMLNode Outline(const XMLNode& a_node)
+{
+    std::list<XMLNode> children;
+    for (const XMLNode& child : a_node.Children())
+    {
+        children.emplace_back(child.Name(), child.Data(), child.Attributes(), std::list<XMLNode>(), child.Line(),
+                              child.Column());
+    }
+    return {a_node.Name(), a_node.Data(), a_node.Attributes(), std::move(children), a_node.Line(), a_node.Column()};
+}
+
 } // namespace
 
 void detail::AbandonElement(std::unique_ptr<Layout::CElement> a_element)
@@ -62,7 +74,7 @@ void CLayoutManager::Initialise(const std::string& a_dataPath)
     ReadDirectory(m_rawLayouts, nullptr);
 }
 
-bool CLayoutManager::ReadDirectory(std::map<std::string, XMLNode>& a_layouts, std::vector<std::string>* a_errors) const
+bool CLayoutManager::ReadDirectory(RawLayouts& a_layouts, std::vector<std::string>* a_errors) const
 {
     DIR* const directory = opendir(m_directory.c_str());
     bool isWhole = true;
@@ -85,8 +97,7 @@ void CLayoutManager::ParseLayoutFile(const std::string& a_path)
     ReadFile(a_path, m_rawLayouts, nullptr);
 }
 
-bool CLayoutManager::ReadFile(const std::string& a_path, std::map<std::string, XMLNode>& a_layouts,
-                              std::vector<std::string>* a_errors)
+bool CLayoutManager::ReadFile(const std::string& a_path, RawLayouts& a_layouts, std::vector<std::string>* a_errors)
 {
     Core::IO::XMLDocument document;
     if (!document.Parse(a_path))
@@ -99,15 +110,33 @@ bool CLayoutManager::ReadFile(const std::string& a_path, std::map<std::string, X
     }
     if (XMLNode* const layouts = document.Section("Layouts"))
     {
-        for (XMLNode& child : layouts->Children())
+        for (XMLNode& child : layouts->TakeChildren())
         {
             if (child.Name() == "Layout")
             {
-                a_layouts[child.Attribute("id", "")] = std::move(child);
+                const std::string id = child.Attribute("id", "");
+                a_layouts[id] = SRawLayout(std::move(child));
             }
         }
     }
     return true;
+}
+
+CLayoutManager::SRawLayout::SRawLayout(XMLNode a_node)
+    : contentHash(a_node.ContentHash()), node(std::make_shared<const XMLNode>(std::move(a_node)))
+{
+}
+
+void CLayoutManager::ParseRawLayout(const SRawLayout& a_layout)
+{
+    // Held, since an element of the application's may read files anew.
+    const NodePtr node = a_layout.node;
+    ParseLayoutNode(*node);
+    const auto raw = m_rawLayouts.find(node->Attribute("id", ""));
+    if (raw != m_rawLayouts.end() && raw->second.node == node && m_parsedLayouts.count(raw->first) != 0)
+    {
+        raw->second.node = std::make_shared<const XMLNode>(Outline(*node));
+    }
 }
 
 void CLayoutManager::ParseLayoutNode(const XMLNode& a_layout)
@@ -153,8 +182,7 @@ const CLayoutManager::Elements* CLayoutManager::FindOrParse(const std::string& a
         {
             Report(Core::Logging::elMessage, "Gfx", "CLayoutManager::ApplyLayout parsing layout");
         }
-        // A copy, since an element of the application's may read files anew.
-        ParseLayoutNode(XMLNode(raw->second));
+        ParseRawLayout(raw->second);
         if (a_report)
         {
             Report(Core::Logging::elMessage, "Gfx", "CLayoutManager::ApplyLayout layout parsed");

@@ -8,6 +8,7 @@
 #include "Layout/Element.h"
 #include "Widgets/Widget.h"
 
+#include <cstddef>
 #include <list>
 #include <map>
 #include <memory>
@@ -97,11 +98,26 @@ public:
 
 private:
     using Elements = std::vector<Layout::CElement::ElementPtr>;
+    using NodePtr = std::shared_ptr<const Core::IO::XMLNode>;
+
+    /// A "Layout" node of a file.
+    struct SRawLayout
+    {
+        SRawLayout() = default;
+        explicit SRawLayout(Core::IO::XMLNode a_node);
+
+        std::size_t contentHash = 0;
+        /// Once the layout's elements are made, of its children no more than what is directly in them.
+        NodePtr node = std::make_shared<const Core::IO::XMLNode>();
+    };
+    using RawLayouts = std::map<std::string, SRawLayout>;
 
     /// Adds the layouts of a file, or of all files, to a table; false, with a line of why, for what is no XML.
-    static bool ReadFile(const std::string& a_path, std::map<std::string, Core::IO::XMLNode>& a_layouts,
-                         std::vector<std::string>* a_errors);
-    bool ReadDirectory(std::map<std::string, Core::IO::XMLNode>& a_layouts, std::vector<std::string>* a_errors) const;
+    static bool ReadFile(const std::string& a_path, RawLayouts& a_layouts, std::vector<std::string>* a_errors);
+    bool ReadDirectory(RawLayouts& a_layouts, std::vector<std::string>* a_errors) const;
+
+    /// Makes the widgets of a layout that was read.
+    void ParseRawLayout(const SRawLayout& a_layout);
 
     /// Replaces what is shown of a layout that has changed.
     void Remake(const Core::IO::XMLNode& a_before, const Elements& a_elements);
@@ -113,7 +129,7 @@ private:
     void FollowLanguage(const std::string& a_id, Elements a_elements);
     [[nodiscard]] ElementConstructor::Signature* FindConstructor(const std::string& a_type) const;
 
-    std::map<std::string, Core::IO::XMLNode> m_rawLayouts;
+    RawLayouts m_rawLayouts;
     std::string m_directory;
     std::map<std::string, ElementConstructor::Signature*> m_constructors;
     /// The toolkit's own among them.

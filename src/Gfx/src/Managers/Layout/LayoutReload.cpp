@@ -97,22 +97,26 @@ void Exchange(Widgets& a_order, Widgets a_former, const Widgets& a_fresh)
 
 bool CLayoutManager::Reload(std::vector<std::string>& a_errors, bool a_remake)
 {
-    std::map<std::string, XMLNode> fresh;
+    RawLayouts fresh;
     if (!ReadDirectory(fresh, &a_errors))
     {
         return false;
     }
     ReleaseFormerElements();
-    std::vector<std::pair<XMLNode, Elements>> former;
+    std::vector<std::pair<NodePtr, Elements>> former;
     for (auto parsed = m_parsedLayouts.begin(); parsed != m_parsedLayouts.end();)
     {
         const auto current = std::next(parsed);
-        const XMLNode& before = m_rawLayouts[parsed->first];
+        SRawLayout& before = m_rawLayouts[parsed->first];
         const auto after = fresh.find(parsed->first);
-        if (a_remake || after == fresh.end() || !after->second.HasSameContent(before))
+        if (a_remake || after == fresh.end() || after->second.contentHash != before.contentHash)
         {
-            former.emplace_back(before, std::move(parsed->second));
+            former.emplace_back(before.node, std::move(parsed->second));
             m_parsedLayouts.erase(parsed);
+        }
+        else
+        {
+            after->second = std::move(before);
         }
         parsed = current;
     }
@@ -120,7 +124,7 @@ bool CLayoutManager::Reload(std::vector<std::string>& a_errors, bool a_remake)
     for (auto& [layout, elements] : former)
     {
         Retire(elements);
-        Remake(layout, elements);
+        Remake(*layout, elements);
         m_formerElements.push_back(std::move(elements));
     }
     return true;
@@ -143,7 +147,7 @@ void CLayoutManager::Remake(const XMLNode& a_before, const Elements& a_elements)
         // Unless the actions of another one, which was made before it, have shown it.
         if (m_parsedLayouts.count(id) == 0)
         {
-            ParseLayoutNode(XMLNode(after->second));
+            ParseRawLayout(after->second);
         }
         fresh = WidgetsOf(m_parsedLayouts[id]);
         for (const WidgetPtr& widget : fresh)
@@ -152,7 +156,7 @@ void CLayoutManager::Remake(const XMLNode& a_before, const Elements& a_elements)
             const auto before = FindNamed(former, name);
             // What the user has opened or closed stays so, unless that is what the file has changed.
             if (before != former.end() && (*before)->Visible() != widget->Visible() &&
-                StartsVisible(a_before, name) == StartsVisible(after->second, name))
+                StartsVisible(a_before, name) == StartsVisible(*after->second.node, name))
             {
                 widget->Visible() ? widget->Hide() : widget->Show();
             }
