@@ -266,6 +266,15 @@ void CElement::AttachEnabled(CElement* a_parent, const WidgetPtr& a_widget)
     PutInto(a_parent);
 }
 
+CElement::SWiring& CElement::Wiring()
+{
+    if (m_wiring == nullptr)
+    {
+        m_wiring = std::make_unique<SWiring>();
+    }
+    return *m_wiring;
+}
+
 void CElement::PutInto(CElement* a_parent)
 {
     const WidgetPtr parent = a_parent != nullptr ? a_parent->Widget() : WidgetPtr();
@@ -305,14 +314,14 @@ void CElement::ProcessEvent(const XMLNode& a_node)
     using Visibility = Core::Functor<bool, Widgets::CWidget*, bool>;
     if (a_node.Name() == "Click")
     {
-        m_clickActions = ProcessEventActions(a_node);
+        Wiring().click = ProcessEventActions(a_node);
         widget->SetClickEventHandler(Keep(new Click::Method<CElement>(this, &CElement::ClickHandler)));
         return;
     }
     const bool isShow = a_node.Name() == "Show";
     if (isShow || a_node.Name() == "Hide")
     {
-        (isShow ? m_showActions : m_hideActions) = ProcessEventActions(a_node);
+        (isShow ? Wiring().show : Wiring().hide) = ProcessEventActions(a_node);
         widget->SetVisibilityChangedEventHandler(
             Keep(new Visibility::Method<CElement>(this, &CElement::VisibilityChangedHandler)));
     }
@@ -432,12 +441,12 @@ CElement::ActionPtr CElement::ProcessAction_SendToBack(const XMLNode& a_node)
 
 void CElement::ClickHandler(Widgets::CWidget*, int, const Common::CPoint&, bool)
 {
-    ExecuteActions(m_clickActions);
+    ExecuteActions(Wiring().click);
 }
 
 bool CElement::VisibilityChangedHandler(Widgets::CWidget*, bool a_visible)
 {
-    return ExecuteActions(a_visible ? m_showActions : m_hideActions);
+    return ExecuteActions(a_visible ? Wiring().show : Wiring().hide);
 }
 
 } // namespace Gfx::Layout

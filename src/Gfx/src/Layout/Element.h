@@ -281,7 +281,7 @@ protected:
     template <typename HandlerT>
     HandlerT* Keep(HandlerT* a_handler)
     {
-        m_handlers.push_back(std::shared_ptr<HandlerT>(a_handler));
+        Wiring().handlers.push_back(std::shared_ptr<HandlerT>(a_handler));
         return a_handler;
     }
 
@@ -298,20 +298,27 @@ private:
         bool enabled = true;
     };
 
+    /// What events set off, and the handlers that hear of them. Most elements have none.
+    struct SWiring
+    {
+        ActionList click;
+        ActionList show;
+        ActionList hide;
+        std::vector<std::shared_ptr<void>> handlers;
+    };
+
     struct SActionWord;
 
     static const std::array<SAttribute<SCommon>, 8> s_commonRows;
     static const std::array<SActionWord, 11> s_actionWords;
 
+    SWiring& Wiring();
     void PutInto(CElement* a_parent);
 
     SCommon m_common;
     WidgetPtr m_widget;
     std::vector<ElementPtr> m_children;
-    ActionList m_clickActions;
-    ActionList m_showActions;
-    ActionList m_hideActions;
-    std::vector<std::shared_ptr<void>> m_handlers;
+    std::unique_ptr<SWiring> m_wiring;
 };
 
 } // namespace Gfx::Layout

@@ -5,9 +5,9 @@
 #include "Gfx/Common/TexturedQuad.h"
 #include "Managers/Textures/TexturedElement.h"
 
-#include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace Gfx::Managers
@@ -67,7 +67,7 @@ private:
     int m_width = 0;
     int m_height = 0;
     /// The page deletes them at its end.
-    std::map<std::string, CTexturedElement*> m_elements;
+    std::unordered_map<std::string, CTexturedElement*> m_elements;
     bool m_loadAttempted = false;
 };
 

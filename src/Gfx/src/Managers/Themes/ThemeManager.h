@@ -7,6 +7,7 @@
 
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace Gfx::Managers
@@ -55,7 +56,7 @@ public:
     [[nodiscard]] std::vector<std::string> ThemeIds() const;
 
 private:
-    using ElementMap = std::map<std::string, std::string>;
+    using ElementMap = std::unordered_map<std::string, std::string>;
 
     void ReadThemes(const Core::IO::XMLNode& a_themes);
     void ReadTheme(const Core::IO::XMLNode& a_theme);
