@@ -73,10 +73,12 @@ template <typename ValuesT, std::size_t Count>
 ValuesT ReadAttributes(const std::array<SAttribute<ValuesT>, Count>& a_rows, const Core::IO::XMLNode& a_node,
                        ValuesT a_defaults = {})
 {
-    for (const auto& [name, text] : a_node.Attributes())
+    for (const auto& attribute : a_node.Attributes())
     {
-        const auto row = std::find_if(a_rows.begin(), a_rows.end(),
-                                      [&name](const SAttribute<ValuesT>& a_row) { return a_row.name == name; });
+        const auto row =
+            std::find_if(a_rows.begin(), a_rows.end(),
+                         [&attribute](const SAttribute<ValuesT>& a_row) { return a_row.name == attribute.first; });
+        const std::string& text = attribute.second;
         if (row == a_rows.end())
         {
             continue;
