@@ -42,7 +42,6 @@ public:
 
     /// The child elements in document order.
     [[nodiscard]] const std::list<XMLNode>& Children() const { return m_children; }
-    [[nodiscard]] std::list<XMLNode>& Children() { return m_children; }
 
     /// The same, taken from the node.
     [[nodiscard]] std::list<XMLNode> TakeChildren() { return std::exchange(m_children, {}); }
