@@ -5,7 +5,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace Core::IO
 {
@@ -41,10 +40,6 @@ public:
     /// directly below the root element; null if there is none.
     [[nodiscard]] XMLNode* Section(const std::string& a_name);
     [[nodiscard]] const XMLNode* Section(const std::string& a_name) const;
-    [[nodiscard]] XMLNode* Section(const std::string& a_name)
-    {
-        return const_cast<XMLNode*>(std::as_const(*this).Section(a_name));
-    }
 
 private:
     bool Load(std::string_view a_text, const std::string& a_name);

@@ -39,6 +39,7 @@ std::string XMLNode::Attribute(const std::string& a_name, const std::string& a_f
 std::size_t XMLNode::ContentHash() const
 {
     std::size_t hash = 0;
+    // As Boost's hash_combine does it.
     const auto add = [&hash](std::size_t a_part)
     { hash ^= a_part + 0x9E3779B97F4A7C15U + (hash << 12U) + (hash >> 4U); };
     const auto addText = [&add](const std::string& a_text) { add(std::hash<std::string>()(a_text)); };
