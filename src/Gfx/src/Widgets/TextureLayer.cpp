@@ -66,7 +66,7 @@ bool CTextureLayer::RetrieveData(const unsigned char* a_data, int a_width, int a
     void* texture = m_texture;
     const bool isLoaded = Textures().LoadDataAsTexture(a_data, a_width, a_height, a_bytesPerPixel, m_quads, texture);
     // Whatever is drawn now, a file of that name is to be read anew.
-    m_file.clear();
+    m_file.reset();
     if (texture != m_texture)
     {
         DropTexture();
