@@ -79,4 +79,9 @@ bool CImage::Halve()
     return true;
 }
 
+std::string TooLarge(int a_width, int a_height)
+{
+    return "The image is too large (" + std::to_string(a_width) + " by " + std::to_string(a_height) + ")";
+}
+
 } // namespace Platform

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 
 namespace Platform
 {
@@ -43,5 +44,8 @@ private:
     int m_bytesPerPixel;
     std::unique_ptr<std::uint8_t[]> m_pixels;
 };
+
+/// What is said of an image with a side that is too long.
+[[nodiscard]] std::string TooLarge(int a_width, int a_height);
 
 } // namespace Platform

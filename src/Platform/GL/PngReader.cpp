@@ -1,5 +1,6 @@
 #include "Platform/GL/PngReader.h"
 
+#include <array>
 #include <csetjmp>
 #include <cstddef>
 #include <memory>
@@ -21,17 +22,26 @@ constexpr int k_bitsPerChannel = 8;
 
 void OnWarning(png_structp, png_const_charp) {}
 
+/// Whether a file begins as a PNG file does. It stands at its beginning afterwards.
+bool IsPng(std::FILE* a_file)
+{
+    std::array<png_byte, 8> signature{};
+    const std::size_t count = std::fread(signature.data(), 1, signature.size(), a_file);
+    std::rewind(a_file);
+    return count == signature.size() && png_sig_cmp(signature.data(), 0, signature.size()) == 0;
+}
+
 } // namespace
 
 CPngReader::CPngReader(std::string& a_error, int a_longestSide)
-    : m_png(png_create_read_struct(PNG_LIBPNG_VER_STRING, &a_error, OnError, OnWarning))
+    : m_error(a_error)
+    , m_longestSide(a_longestSide)
+    , m_png(png_create_read_struct(PNG_LIBPNG_VER_STRING, &a_error, OnError, OnWarning))
 {
     if (m_png != nullptr)
     {
         m_info = png_create_info_struct(m_png);
         m_endInfo = png_create_info_struct(m_png);
-        const auto side = static_cast<png_uint_32>(a_longestSide);
-        png_set_user_limits(m_png, side, side);
         // What isn't needed for pixels is skipped: a text may claim gigabytes.
         png_set_keep_unknown_chunks(m_png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
     }
@@ -50,6 +60,31 @@ bool CPngReader::ReadInfo(std::FILE* a_file)
     }
     png_init_io(m_png, a_file);
     png_read_info(m_png, m_info);
+    return IsSmallEnough();
+}
+
+bool CPngReader::IsSmallEnough()
+{
+    const bool isSmallEnough = Width() <= m_longestSide && Height() <= m_longestSide;
+    if (!isSmallEnough)
+    {
+        m_error = TooLarge(Width(), Height());
+    }
+    return isSmallEnough;
+}
+
+bool CPngReader::ConvertToTrueColour()
+{
+    if (setjmp(png_jmpbuf(m_png)) != 0)
+    {
+        return false;
+    }
+    // Palettes, grey of fewer bits, and a colour that stands for transparent pixels.
+    png_set_expand(m_png);
+    png_set_strip_16(m_png);
+    png_set_gray_to_rgb(m_png);
+    static_cast<void>(png_set_interlace_handling(m_png));
+    png_read_update_info(m_png, m_info);
     return true;
 }
 
@@ -70,13 +105,17 @@ bool CPngReader::ReadPixels(png_bytepp a_rows)
     return true;
 }
 
-std::optional<CImage> ReadPng(const std::string& a_path, int a_longestSide)
+std::optional<CImage> ReadPng(const std::string& a_path, int a_longestSide, std::string& a_error)
 {
+    a_error.clear();
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(a_path.c_str(), "rbe"), std::fclose);
-    std::string error;
-    CPngReader reader(error, a_longestSide);
-    if (!file || !reader.IsMade() || !reader.HasInfo() || !reader.ReadInfo(file.get()) || !reader.IsTrueColour() ||
-        reader.HasColourKey())
+    if (!file || !IsPng(file.get()))
+    {
+        return std::nullopt;
+    }
+    a_error = "There is no memory for the image";
+    CPngReader reader(a_error, a_longestSide);
+    if (!reader.IsMade() || !reader.HasInfo() || !reader.ReadInfo(file.get()) || !reader.ConvertToTrueColour())
     {
         return std::nullopt;
     }

@@ -16,7 +16,7 @@ namespace Platform
 class CPngReader
 {
 public:
-    /// a_error takes the text of an error of libpng's, such as that of an image with a longer side.
+    /// a_error takes the text of an error: one of libpng's, or that a side of the image is longer.
     CPngReader(std::string& a_error, int a_longestSide);
     ~CPngReader();
     CPngReader(const CPngReader&) = delete;
@@ -33,20 +33,26 @@ public:
     /// Whether its pixels are stored as red, green and blue of 8 bits each, with alpha or without.
     [[nodiscard]] bool IsTrueColour() const;
     [[nodiscard]] bool HasAlpha() const { return png_get_color_type(m_png, m_info) == PNG_COLOR_TYPE_RGB_ALPHA; }
-    /// Whether one colour stands for transparent pixels.
-    [[nodiscard]] bool HasColourKey() const { return png_get_valid(m_png, m_info, PNG_INFO_tRNS) != 0; }
+
+    /// Whatever it is stored as, its pixels are read as true colour: with alpha if some may be transparent. Of 16 bits
+    /// the upper 8 count. What is told of it from now on is what is read.
+    [[nodiscard]] bool ConvertToTrueColour();
 
     /// Reads all that is left of the file. a_rows has a pointer for each row.
     [[nodiscard]] bool ReadPixels(png_bytepp a_rows);
 
 private:
+    [[nodiscard]] bool IsSmallEnough();
+
+    std::string& m_error;
+    int m_longestSide;
     png_structp m_png;
     png_infop m_info = nullptr;
     png_infop m_endInfo = nullptr;
 };
 
-/// Reads a PNG file that CPngReader calls true colour, into pixels of three bytes, or of four with alpha. None for any
-/// other file, one with a colour key, or with a side beyond a_longestSide; nothing is reported.
-[[nodiscard]] std::optional<CImage> ReadPng(const std::string& a_path, int a_longestSide);
+/// Reads a PNG file of any kind into pixels of three bytes, or of four with alpha, which isn't multiplied in. None for
+/// one that is damaged or has a side beyond a_longestSide, and a_error says why; it is empty if that isn't a PNG file.
+[[nodiscard]] std::optional<CImage> ReadPng(const std::string& a_path, int a_longestSide, std::string& a_error);
 
 } // namespace Platform

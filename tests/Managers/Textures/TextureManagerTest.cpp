@@ -3,6 +3,7 @@
 #include "Gfx/Common/Drawing.h"
 #include "Managers/Themes/ThemeManager.h"
 #include "support/LogGuard.h"
+#include "support/Png.h"
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
 
@@ -10,6 +11,7 @@
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -268,6 +270,11 @@ TEST_F(TextureManagerTest, FilesBecomeTexturesAndBadOnesALine)
     ExpectLog("3 (CTextureManager) : Error loading texture " + huge + ". Error was ");
     EXPECT_FALSE(m_manager.LoadFileAsTexture(huge, 0, 0, 1, 1, m_quads, m_texture));
     EXPECT_EQ(m_texture, nullptr);
+    // And one that has more than a chip takes.
+    const std::string wide =
+        m_directory.Write("wide.png", GfxTest::EncodePng(8193, 1, 0, 1, std::vector<std::uint8_t>(8193)));
+    ExpectLog("3 (CTextureManager) : Error loading texture " + wide + ". Error was The image is too large (8193 by 1)");
+    EXPECT_FALSE(m_manager.LoadFileAsTexture(wide, 0, 0, 1, 1, m_quads, m_texture));
 }
 
 } // namespace

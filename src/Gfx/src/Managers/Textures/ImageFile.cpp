@@ -16,13 +16,13 @@ namespace Gfx::Managers::detail
 namespace
 {
 
-/// The pixels of a file of the kind that pages are, premultiplied.
-std::optional<Platform::CImage> ReadPage(const std::string& a_path)
+/// The pixels of a PNG file, premultiplied.
+std::optional<Platform::CImage> ReadPng(const std::string& a_path, std::string& a_error)
 {
     std::optional<Platform::CImage> image = PageAhead().Take(a_path);
     if (!image)
     {
-        image = Platform::ReadPng(a_path, k_longestSide);
+        image = Platform::ReadPng(a_path, k_longestSide, a_error);
         if (image)
         {
             image->Premultiply();
@@ -31,39 +31,47 @@ std::optional<Platform::CImage> ReadPage(const std::string& a_path)
     return image;
 }
 
-} // namespace
-
-void* LoadImageFile(const std::string& a_path, const std::string& a_logSource)
+/// A file of any other kind.
+CoglHandle LoadOther(const std::string& a_path, std::string& a_error)
 {
-    CoglHandle texture = nullptr;
-    if (std::optional<Platform::CImage> image = ReadPage(a_path))
-    {
-        texture = Platform::NewTexture(std::move(*image), COGL_PIXEL_FORMAT_ANY);
-    }
-    if (texture != nullptr)
-    {
-        return texture;
-    }
-    // Other kinds of images, and what is wrong with a file.
-    GError* error = nullptr;
     int width = 0;
     int height = 0;
     if (gdk_pixbuf_get_file_info(a_path.c_str(), &width, &height) != nullptr &&
         (width > k_longestSide || height > k_longestSide))
     {
-        g_set_error(&error, COGL_BITMAP_ERROR, COGL_BITMAP_ERROR_FAILED, "The image is too large (%d by %d)", width,
-                    height);
+        a_error = Platform::TooLarge(width, height);
+        return nullptr;
     }
-    else
-    {
-        texture = cogl_texture_new_from_file(a_path.c_str(), 0, TRUE, COGL_PIXEL_FORMAT_ANY, &error);
-    }
+    GError* error = nullptr;
+    CoglHandle texture = cogl_texture_new_from_file(a_path.c_str(), 0, TRUE, COGL_PIXEL_FORMAT_ANY, &error);
     if (error != nullptr)
     {
-        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-            Core::Logging::elMessage, a_logSource, "Error loading texture %s. Error was %s", a_path, error->message);
+        a_error = error->message;
         g_error_free(error);
-        return nullptr;
+    }
+    return texture;
+}
+
+} // namespace
+
+void* LoadImageFile(const std::string& a_path, const std::string& a_logSource)
+{
+    CoglHandle texture = nullptr;
+    std::string error;
+    if (std::optional<Platform::CImage> image = ReadPng(a_path, error))
+    {
+        texture = Platform::NewTexture(std::move(*image), COGL_PIXEL_FORMAT_ANY);
+        error = "No texture can be made of it";
+    }
+    else if (error.empty())
+    {
+        // What libpng takes at its word in a damaged PNG file can be gigabytes: none gets here.
+        texture = LoadOther(a_path, error);
+    }
+    if (texture == nullptr)
+    {
+        Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
+            Core::Logging::elMessage, a_logSource, "Error loading texture %s. Error was %s", a_path, error);
     }
     return texture;
 }

@@ -64,7 +64,8 @@ gpointer CPageAhead::Read(gpointer a_self)
     if (!file.empty())
     {
         self.m_path = self.m_directory + file;
-        self.m_image = Platform::ReadPng(self.m_path, k_longestSide);
+        std::string error;
+        self.m_image = Platform::ReadPng(self.m_path, k_longestSide, error);
     }
     if (self.m_image)
     {
