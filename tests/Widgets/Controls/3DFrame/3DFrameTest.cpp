@@ -341,6 +341,10 @@ TEST_F(Frame3DTest, ATouchPicksTheNearestSphere)
     EXPECT_EQ(frame->LastEntityHit(), "near");
     EXPECT_EQ(frame->EntityAt({150, 150}), near);
     EXPECT_EQ(frame->EntityAt({250, 100}), EntityPtr());
+    frame->Move({0, 180});
+    frame->UpdateViewport();
+    Click(150, 330);
+    EXPECT_EQ(frame->LastEntityHit(), "near");
 }
 
 TEST_F(Frame3DTest, EntitiesMayChangeTheFrameWhileItDraws)

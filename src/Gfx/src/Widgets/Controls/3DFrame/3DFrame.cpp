@@ -119,23 +119,28 @@ C3DFrame::EntityPtr C3DFrame::EntityAt(const Common::CPoint& a_point) const
     return Pick(a_point, 0, 0);
 }
 
-void C3DFrame::UpdateViewport() const
+void C3DFrame::UpdateViewport()
 {
-    const Common::CPoint absolute = AbsoluteTopLeft();
-    const std::int64_t displayHeight = Core::Patterns::StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
-    m_viewportX = absolute.X();
-    m_viewportY = Common::detail::Saturated(displayHeight - Height() - absolute.Y());
+    FollowPosition();
 }
 
 void C3DFrame::DrawSelf() const
 {
     // Nobody is told when a widget further up is moved.
-    UpdateViewport();
+    FollowPosition();
     Platform::MarkFrameAsDrawn();
     const Platform::CGlBracket bracket;
     CGlWrapper::PushState();
     DrawScene();
     CGlWrapper::PopState();
+}
+
+void C3DFrame::FollowPosition() const
+{
+    const Common::CPoint absolute = AbsoluteTopLeft();
+    const std::int64_t displayHeight = Core::Patterns::StaticSingleton<Managers::CGfxManager>::ref().DisplayHeight();
+    m_viewportX = absolute.X();
+    m_viewportY = Common::detail::Saturated(displayHeight - Height() - absolute.Y());
 }
 
 void C3DFrame::DrawScene() const

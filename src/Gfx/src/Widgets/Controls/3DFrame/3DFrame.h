@@ -77,7 +77,7 @@ public:
     [[nodiscard]] const std::string& LastEntityHit() const { return m_lastEntityHit; }
 
     /// Takes over where the widget is on the display. Happens by itself.
-    void UpdateViewport() const;
+    void UpdateViewport();
 
     void DrawSelf() const override;
     void NotifyPositionChanged() override;
@@ -85,6 +85,7 @@ public:
     void MouseEvent(Events::EMouseEvent a_event, int a_buttons, const Common::CPoint& a_point, bool a_remote) override;
 
 private:
+    void FollowPosition() const;
     void DrawScene() const;
     void DrawEntities() const;
     /// a_point is in the widget's coordinates, a_viewportX and a_viewportY are those that the ray is reckoned with.
