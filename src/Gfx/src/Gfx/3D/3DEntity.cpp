@@ -93,6 +93,7 @@ void C3DEntity::DrawGeometry()
         {
             CGlWrapper::SetColour(*colourIter++);
         }
+        detail::PointToVertices(**geometryIter);
         detail::DrawGroup(**geometryIter, Mode((*geometryIter)->type));
     }
     CGlWrapper::SetColour(before);

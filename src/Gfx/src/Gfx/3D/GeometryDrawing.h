@@ -10,11 +10,16 @@
 namespace Gfx::detail
 {
 
-/// Draws a group of what OpenGL calls a_mode, from where its vertices lie in memory.
+/// Tells OpenGL where a group's vertices lie in memory.
+inline void PointToVertices(const SGeometry& a_group)
+{
+    glVertexPointer(3, GL_FLOAT, 0, a_group.vertices.data());
+}
+
+/// Draws a group of what OpenGL calls a_mode, once it knows where everything lies.
 inline void DrawGroup(const SGeometry& a_group, GLenum a_mode)
 {
     constexpr std::size_t most = std::numeric_limits<GLsizei>::max();
-    glVertexPointer(3, GL_FLOAT, 0, a_group.vertices.data());
     glDrawArrays(a_mode, 0, static_cast<GLsizei>(std::min(a_group.vertices.size(), most)));
 }
 

@@ -66,6 +66,7 @@ void CTexturedEntity::DrawGeometry()
         {
             glDisableClientState(GL_TEXTURE_COORD_ARRAY);
         }
+        detail::PointToVertices(group);
         glTexCoordPointer(2, GL_FLOAT, 0, group.texCoords.data());
         detail::DrawGroup(group, group.type == egtTriangles ? GL_TRIANGLES : GL_TRIANGLE_STRIP);
         if (lacksCoordinates)
