@@ -55,7 +55,7 @@ public:
 
     /// Reads the table and loads all that it names; for the application to call, before it wants models. a_basePath is
     /// the data directory, with a separator at its end. What can't be used is logged and left out. A further call adds
-    /// to what is there.
+    /// to what is there; a model that it names once more has no textures then, since their keys are taken.
     void Initialise(const std::string& a_basePath);
 
     /// Reads the table that was last initialised again, and what it names, in place of all models that are known.
