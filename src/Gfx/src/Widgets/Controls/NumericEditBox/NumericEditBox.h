@@ -37,7 +37,7 @@ public:
         /// Shown behind the field, and part of the text.
         std::string label;
         /// The most characters that the field takes; -1 for no limit of its own.
-        int length;
+        int length = -1;
     };
 
     /// Where Rotate() goes.

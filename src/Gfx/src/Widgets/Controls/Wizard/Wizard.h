@@ -37,8 +37,8 @@ public:
     void UpdateCustomInfo() override;
 
     /// a_handler is told the direction (true: forwards) and the current stage's name, empty if there is none, and names
-    /// the stage to show; the same name refuses the step, an empty one ends the wizard, as does a step without a
-    /// handler. It stays the caller's.
+    /// the stage to show; the same name refuses the step (so does an empty one before the first stage), an empty
+    /// one ends the wizard, as does a step without a handler. It stays the caller's.
     void SetNavigateEventHandler(NavigateHandler* a_handler) { m_navigateHandler = a_handler; }
 
     /// Leaves the current stage and enters the child of that name, which is brought to the front; it may be the same.
