@@ -217,6 +217,19 @@ TEST_F(LabelTest, AnEqualTextDoesNothing)
     EXPECT_EQ(label->updates, 1);
 }
 
+TEST_F(LabelTest, AResizeHandlerIsAskedOnceForEachText)
+{
+    int calls = 0;
+    Core::Functor<bool, CWidget*, int, int>::Callable handler([&calls](CWidget*, int, int) { return ++calls > 0; });
+    const auto label = Add({.autoSize = true});
+    label->SetResizeEventHandler(&handler);
+    label->Text("first");
+    EXPECT_EQ(calls, 1);
+    label->Text("second");
+    EXPECT_EQ(calls, 2);
+    label->SetResizeEventHandler(nullptr);
+}
+
 TEST_F(LabelTest, AResizeHandlerMaySetAnotherTextEachTime)
 {
     int calls = 0;

@@ -92,11 +92,8 @@ void CLabel::Text(const std::string& a_text)
     }
     const CLife life(Children());
     m_text.SetRaw(a_text);
+    // Places the text, too. Once: with autoSize, each placement asks the resize handler.
     UpdateLocalisedText();
-    if (!life.IsOver())
-    {
-        UpdateLabelPosition();
-    }
     if (!life.IsOver())
     {
         UpdateCustomInfo();
