@@ -7,7 +7,7 @@
 namespace Core::IO
 {
 
-CDataBuffer::CDataBuffer(EEndianness a_endianness, std::size_t a_capacity) : m_endianness(a_endianness)
+CDataBuffer::CDataBuffer(Endianness a_endianness, std::size_t a_capacity) : m_endianness(a_endianness)
 {
     m_bytes.reserve(a_capacity);
 }

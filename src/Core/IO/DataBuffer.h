@@ -10,22 +10,22 @@
 namespace Core::IO
 {
 
-/// The order of the bytes in a buffer's numbers.
-enum EEndianness : int
-{
-    /// Least significant byte first, as in our model files.
-    eeLittle = 0,
-    eeBig = 1
-};
-
 /// Bytes that are gathered, then read as numbers from a position that moves along.
 ///
 /// A read that would pass the end gives 0, moves to the end and marks the buffer as failed for good.
 class GFX_API CDataBuffer
 {
 public:
+    /// The order of the bytes in a number.
+    enum Endianness : int
+    {
+        /// Least significant byte first, as in our model files.
+        eeLittle = 0,
+        eeBig = 1
+    };
+
     /// a_capacity is the number of bytes to make room for at once; the buffer grows beyond it.
-    CDataBuffer(EEndianness a_endianness, std::size_t a_capacity);
+    CDataBuffer(Endianness a_endianness, std::size_t a_capacity);
 
     /// Appends a copy of a_size bytes. The position stays.
     void Add(const void* a_data, std::size_t a_size);
@@ -56,7 +56,7 @@ private:
     [[nodiscard]] std::uint32_t GetUInt32();
     [[nodiscard]] bool Has(std::size_t a_size);
 
-    EEndianness m_endianness;
+    Endianness m_endianness;
     std::vector<std::uint8_t> m_bytes;
     std::size_t m_position = 0;
     bool m_failed = false;

@@ -18,10 +18,10 @@ TEST(DataBufferTest, NumbersAreReadInTheOrderOfTheBuffer)
 {
     struct SCase
     {
-        EEndianness endianness;
+        CDataBuffer::Endianness endianness;
         std::array<std::uint8_t, 9> bytes;
     };
-    for (const SCase& example : {SCase{EEndianness{0}, k_little}, SCase{eeBig, k_big}})
+    for (const SCase& example : {SCase{CDataBuffer::Endianness{0}, k_little}, SCase{CDataBuffer::eeBig, k_big}})
     {
         CDataBuffer buffer(example.endianness, 2);
         buffer.Add(example.bytes.data(), 4);
@@ -42,12 +42,12 @@ TEST(DataBufferTest, NumbersAreReadInTheOrderOfTheBuffer)
 
 TEST(DataBufferTest, AReadPastTheEndGivesZeroAndMarksTheBuffer)
 {
-    CDataBuffer buffer(eeLittle, 0);
+    CDataBuffer buffer(CDataBuffer::eeLittle, 0);
     EXPECT_FALSE(buffer.Failed());
     EXPECT_EQ(buffer.GetUInt8(), 0);
     EXPECT_TRUE(buffer.Failed());
 
-    CDataBuffer cut(eeLittle, 256);
+    CDataBuffer cut(CDataBuffer::eeLittle, 256);
     cut.Add(k_little.data(), k_little.size());
     cut.Seek(6);
     EXPECT_FALSE(cut.Failed());
@@ -61,7 +61,7 @@ TEST(DataBufferTest, AReadPastTheEndGivesZeroAndMarksTheBuffer)
 
 TEST(DataBufferTest, SeekingPastTheEndStopsThere)
 {
-    CDataBuffer buffer(eeLittle, 256);
+    CDataBuffer buffer(CDataBuffer::eeLittle, 256);
     buffer.Add(k_little.data(), k_little.size());
     buffer.Seek(9);
     EXPECT_FALSE(buffer.Failed());

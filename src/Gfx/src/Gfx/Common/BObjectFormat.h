@@ -15,7 +15,7 @@ namespace Gfx::BObjectFormat
 {
 
 /// The order of the bytes in all its numbers.
-inline constexpr Core::IO::EEndianness k_endianness = Core::IO::eeLittle;
+inline constexpr Core::IO::CDataBuffer::Endianness k_endianness = Core::IO::CDataBuffer::eeLittle;
 
 enum ETag : std::uint8_t
 {
@@ -40,7 +40,7 @@ T Decoded(const std::uint8_t* a_bytes)
     static_assert(std::is_trivially_copyable_v<T> && sizeof(T) % k_numberSize == 0);
     std::array<std::uint8_t, sizeof(T)> bytes;
     std::memcpy(bytes.data(), a_bytes, bytes.size());
-    if constexpr ((k_endianness == Core::IO::eeLittle) != (std::endian::native == std::endian::little))
+    if constexpr ((k_endianness == Core::IO::CDataBuffer::eeLittle) != (std::endian::native == std::endian::little))
     {
         for (auto number = bytes.begin(); number != bytes.end(); number += k_numberSize)
         {

@@ -120,7 +120,7 @@ private:
     {
         for (std::size_t i = 0; i < k_numberSize; ++i)
         {
-            const std::size_t significance = k_endianness == Core::IO::eeLittle ? i : k_numberSize - 1 - i;
+            const std::size_t significance = k_endianness == Core::IO::CDataBuffer::eeLittle ? i : k_numberSize - 1 - i;
             m_bytes.push_back(static_cast<std::uint8_t>(a_number >> (8 * significance)));
         }
     }
