@@ -290,6 +290,34 @@ TEST_F(WidgetTest, AChildMovesBetweenParentsAndKeepsWhetherItIsHidden)
     EXPECT_FALSE(right->HasChild(left.Get()));
 }
 
+TEST_F(WidgetTest, AWidgetMayBecomeTheChildOfWhatWasAPartOfIt)
+{
+    const auto top = AddTopLevel(new CBlock("top", 0, 0, 100, 100, Red));
+    for (const bool isDestroyed : {false, true})
+    {
+        const auto outer = AddChild(*top, new CBlock("outer", 0, 0, 80, 80, Red));
+        const auto middle = AddChild(*outer, new CBlock("middle", 0, 0, 60, 60, Red));
+        const auto inner = AddChild(*middle, new CBlock("inner", 0, 0, 40, 40, Red));
+        if (isDestroyed)
+        {
+            outer->DestroyChild(middle);
+        }
+        else
+        {
+            outer->RemoveChild(middle);
+        }
+        inner->AddChild(outer);
+        EXPECT_EQ(outer->GetName(), "middle:inner:outer");
+        EXPECT_FALSE(top->HasChild(outer.Get()));
+        Widgets().GarbageCollect();
+        top->AddChild(middle);
+        EXPECT_TRUE(clutter_actor_contains(top->GetActor(), outer->GetActor()));
+        EXPECT_TRUE(IsActorShown(*middle));
+        top->DestroyChild(middle);
+        Widgets().GarbageCollect();
+    }
+}
+
 TEST_F(WidgetTest, WhatCannotBeAChildIsRefused)
 {
     const auto top = AddTopLevel(new CBlock("top", 0, 0, 100, 100, Red));

@@ -346,6 +346,12 @@ bool CWidget::Adopt(const WidgetPtr& a_child)
     const bool isAdopted = isStray && !life.IsOver() && m_children.Find(a_child.Get());
     if (isAdopted)
     {
+        if (clutter_actor_contains(actor, GetActor()) != FALSE)
+        {
+            // Some ancestor was a part of the child before, and its actor still lies in there.
+            ClutterActor* const topmost = TopLevel().GetActor();
+            clutter_container_remove_actor(CLUTTER_CONTAINER(clutter_actor_get_parent(topmost)), topmost);
+        }
         clutter_container_add_on_top(GetActor(), actor);
         a_child->ShowAsItWas();
     }
@@ -355,6 +361,16 @@ bool CWidget::Adopt(const WidgetPtr& a_child)
     }
     g_object_unref(actor);
     return isAdopted;
+}
+
+CWidget& CWidget::TopLevel()
+{
+    CWidget* widget = this;
+    while (widget->m_parent != nullptr)
+    {
+        widget = widget->m_parent;
+    }
+    return *widget;
 }
 
 void CWidget::ShowAsItWas()
