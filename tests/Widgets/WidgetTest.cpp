@@ -4,6 +4,8 @@
 
 #include <clutter/clutter.h>
 
+#include <cstddef>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <string>
@@ -316,6 +318,16 @@ TEST_F(WidgetTest, AWidgetMayBecomeTheChildOfWhatWasAPartOfIt)
         top->DestroyChild(middle);
         Widgets().GarbageCollect();
     }
+}
+
+TEST_F(WidgetTest, WhatComesToTheInterfaceComesBehindTheLastOfItsSlots)
+{
+    // In the C++ ABI, the first word of a pointer to a virtual operation is its place in the table; the lowest bit may
+    // mark it as virtual.
+    void (CWidget::*const last)() = &CWidget::UpdateCustomInfo;
+    std::size_t word = 0;
+    std::memcpy(&word, &last, sizeof(word));
+    EXPECT_EQ((word & ~std::size_t{1}) / sizeof(void*), 43U);
 }
 
 TEST_F(WidgetTest, WhatCannotBeAChildIsRefused)

@@ -557,12 +557,6 @@ std::string CWidget::GetProperty(const std::string& a_name, const std::string& a
     return property != m_record->properties.end() ? property->second : a_default;
 }
 
-std::vector<SPropertyInfo> CWidget::Properties() const
-{
-    return {
-        {"Visible", true, true}, {"Opacity", true, true}, {"Position", false, true}, {"RemoteLockout", true, false}};
-}
-
 void CWidget::SetTransparency(int a_opacity, bool a_recursive)
 {
     m_transparencyEnabled = true;
@@ -631,6 +625,12 @@ bool CWidget::UpdateStyleSelf()
 }
 
 void CWidget::UpdateCustomInfo() {}
+
+std::vector<SPropertyInfo> CWidget::Properties() const
+{
+    return {
+        {"Visible", true, true}, {"Opacity", true, true}, {"Position", false, true}, {"RemoteLockout", true, false}};
+}
 
 void CWidget::SetShowHide(bool a_show)
 {

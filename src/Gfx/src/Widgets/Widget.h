@@ -180,10 +180,6 @@ public:
     virtual void SetProperty(const std::string& a_name, const std::string& a_value);
     [[nodiscard]] virtual std::string GetProperty(const std::string& a_name, const std::string& a_default);
 
-    /// All properties that the widget knows by itself, the base classes' first. A name may come again, where a control
-    /// has a meaning of its own for it.
-    [[nodiscard]] virtual std::vector<SPropertyInfo> Properties() const;
-
     /// a_opacity in percent, kept within 0 to 100; 100 switches transparency off.
     virtual void SetTransparency(int a_opacity, bool a_recursive);
     [[nodiscard]] virtual int GetTransparency() const;
@@ -196,6 +192,10 @@ public:
 
     /// Puts the control's own values into the custom info, by SetCustomInfo.
     virtual void UpdateCustomInfo();
+
+    /// All properties that the widget knows by itself, the base classes' first. A name may come again, where a control
+    /// has a meaning of its own for it.
+    [[nodiscard]] virtual std::vector<SPropertyInfo> Properties() const;
 
     void SetShowHide(bool a_show);
 
