@@ -377,6 +377,28 @@ TEST_F(WidgetTest, AChildOutlivesItsParentAndAnActorItsWidget)
     EXPECT_EQ(FreshPicture().At(35, 35), Gfx::Colours::Lime) << "its own child is there, too";
 }
 
+TEST_F(WidgetTest, AChildIsWholeAfterItsParentsGroupHasDiedWithTheParent)
+{
+    for (const bool wasOnStage : {false, true})
+    {
+        auto child = Core::SharedPtr<CBlock>(new CBlock("child", 20, 20, 20, 20, Red));
+        AddChild(*child, new CBlock("grandchild", 10, 10, 10, 10, Gfx::Colours::Lime));
+        {
+            const WidgetPtr top(new CBlock("top", 0, 0, 100, 100, Red));
+            AddChild(*top, new CBlock("between", 0, 0, 50, 50, Red))->AddChild(child);
+            if (wasOnStage)
+            {
+                Widgets().AddWidget(top);
+                Widgets().DestroyWidget(top.Get());
+                Widgets().GarbageCollect();
+            }
+        }
+        Widgets().AddWidget(child);
+        EXPECT_EQ(FreshPicture().At(35, 35), Gfx::Colours::Lime);
+        Widgets().DestroyWidget(child.Get());
+    }
+}
+
 TEST_F(WidgetTest, ADestroyedWidgetComesBackOnceAndAsVisibleAsItWas)
 {
     const auto top = AddTopLevel(new CBlock("top", 0, 0, 100, 100, Red));

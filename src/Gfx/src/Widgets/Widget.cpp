@@ -126,6 +126,11 @@ CWidget::~CWidget()
     if (m_actor != nullptr)
     {
         painted_group_set_painter(PAINTED_GROUP(m_actor), nullptr, nullptr);
+        if (clutter_actor_get_parent(m_actor) == nullptr)
+        {
+            // The last reference may be this one, and a group dies with all that it contains.
+            painted_group_release_painted(m_actor);
+        }
         g_object_unref(m_actor);
     }
 }
