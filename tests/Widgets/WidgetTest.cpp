@@ -6,9 +6,11 @@
 
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -349,6 +351,84 @@ TEST_F(WidgetTest, WhatCannotBeAChildIsRefused)
     };
     const WidgetPtr loner(new CLoner("loner", 0, 0, 10, 10, Red));
     EXPECT_DEATH(top->AddChild(loner), "childPtr->CanBeChild\\(\\)");
+}
+
+/// Does what a test wants while widgets move in or out.
+class CBusyBlock : public CBlock
+{
+public:
+    explicit CBusyBlock(const std::string& a_name) : CBlock(a_name, 0, 0, 50, 50, Red) {}
+    bool CanBeChild() override
+    {
+        Do();
+        return true;
+    }
+    void RemoveChild(WidgetPtr a_child) override
+    {
+        CBlock::RemoveChild(a_child);
+        Do();
+    }
+    void Select() override
+    {
+        CBlock::Select();
+        Do();
+    }
+    /// Done once.
+    std::function<void()> work;
+
+private:
+    void Do()
+    {
+        if (const auto todo = std::exchange(work, nullptr))
+        {
+            todo();
+        }
+    }
+};
+
+TEST_F(WidgetTest, WidgetsThatAreMovedWhileTheyMoveAreInOnePlace)
+{
+    const auto busy = AddTopLevel(new CBusyBlock("busy"));
+    const auto other = AddTopLevel(new CBlock("other", 0, 0, 50, 50, Red));
+    const auto child = AddChild(*busy, new CBlock("child", 0, 0, 10, 10, Red));
+    auto* const stage = clutter_actor_get_parent(other->GetActor());
+
+    // Destroyed by the parent that it leaves for the stage.
+    busy->work = [&] { Widgets().DestroyWidget(child.Get()); };
+    AddToStage(child);
+    Widgets().GarbageCollect();
+    EXPECT_EQ(Widgets().FindWidget("child", nullptr), child);
+    EXPECT_EQ(clutter_actor_get_parent(child->GetActor()), stage);
+
+    // Given to another one by the parent that it leaves, and destroyed there.
+    busy->AddChild(child);
+    busy->work = [&]
+    {
+        other->AddChild(child);
+        Widgets().DestroyWidget(child.Get());
+        Widgets().GarbageCollect();
+    };
+    Widgets().AddWidget(child);
+    EXPECT_EQ(Widgets().FindWidget("child", nullptr), WidgetPtr());
+    EXPECT_EQ(child->Parent(), other.Get());
+    EXPECT_NE(clutter_actor_get_parent(child->GetActor()), stage);
+
+    // Put into another one as it is selected, and forgotten there.
+    Widgets().DestroyWidget(busy.Get());
+    busy->work = [&]
+    {
+        other->AddChild(busy);
+        other->RemoveChild(busy);
+    };
+    Widgets().AddWidget(busy);
+    EXPECT_EQ(Widgets().FindWidget("busy", nullptr), WidgetPtr());
+
+    // Asked whether it can be a child, it takes the parent as a child of its own.
+    busy->work = [&] { busy->AddChild(other); };
+    GfxTest::ExpectLog("Can't add busy to busy:other");
+    other->AddChild(busy);
+    EXPECT_EQ(other->Parent(), busy.Get());
+    EXPECT_EQ(busy->Parent(), nullptr);
 }
 
 TEST_F(WidgetTest, AChildOutlivesItsParentAndAnActorItsWidget)

@@ -312,15 +312,19 @@ bool CWidget::CanBeChild()
 
 void CWidget::AddChild(WidgetPtr a_child)
 {
-    if (!a_child || a_child.Get() == this || a_child->HasChild(this))
+    const WidgetPtr& childPtr = a_child;
+    if (childPtr)
+    {
+        GFX_ASSERT(childPtr->CanBeChild());
+    }
+    // Asked only now, as an override of the above may have changed what lies where.
+    if (!childPtr || childPtr.Get() == this || childPtr->HasChild(this))
     {
         Core::Patterns::StaticSingleton<Core::Logging::CLogger>::ref().Log(
-            Core::Logging::elMessage, "CWidget", "Can't add %s to %s", a_child ? a_child->GetName() : "a null widget",
+            Core::Logging::elMessage, "CWidget", "Can't add %s to %s", childPtr ? childPtr->GetName() : "a null widget",
             GetName());
         return;
     }
-    const WidgetPtr& childPtr = a_child;
-    GFX_ASSERT(childPtr->CanBeChild());
     m_children.AddToFront(childPtr);
     if (!Adopt(childPtr))
     {

@@ -67,7 +67,7 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
         a_widget->InitialiseClutterGroup();
     }
     Detach(a_widget);
-    if (clutter_actor_get_parent(a_widget->GetActor()) != nullptr)
+    if (clutter_actor_get_parent(a_widget->GetActor()) != nullptr || a_widget->Parent() != nullptr)
     {
         // The parent that it leaves has run handlers, which have put it somewhere else.
         return;
@@ -81,8 +81,8 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
     a_widget->UpdateStyle();
     a_widget->Select();
     a_widget->Invalidate(true);
-    // The handlers that have just run may have destroyed it, or given it to a parent.
-    if (a_widget->m_destroyed || a_widget->Parent() != nullptr)
+    // The handlers that have just run may have destroyed it, or put it somewhere else.
+    if (a_widget->m_destroyed || clutter_actor_get_parent(a_widget->GetActor()) != stage)
     {
         return;
     }
@@ -98,6 +98,19 @@ void CWidgetManager::AddWidget(WidgetPtr a_widget)
 void CWidgetManager::Detach(const WidgetPtr& a_widget)
 {
     ClutterActor* const actor = a_widget->GetActor();
+    if (ClutterActor* const container = clutter_actor_get_parent(actor))
+    {
+        clutter_container_remove_actor(CLUTTER_CONTAINER(container), actor);
+    }
+    if (CWidget* const parent = a_widget->Parent())
+    {
+        parent->RemoveChild(a_widget);
+    }
+    else
+    {
+        m_widgets.Remove(a_widget.Get());
+    }
+    // Last, as the parent that it has left may have destroyed it.
     if (a_widget->m_destroyed)
     {
         m_deadActors.remove_if(
@@ -110,18 +123,6 @@ void CWidgetManager::Detach(const WidgetPtr& a_widget)
                 g_object_unref(a_dead);
                 return true;
             });
-    }
-    if (ClutterActor* const container = clutter_actor_get_parent(actor))
-    {
-        clutter_container_remove_actor(CLUTTER_CONTAINER(container), actor);
-    }
-    if (CWidget* const parent = a_widget->Parent())
-    {
-        parent->RemoveChild(a_widget);
-    }
-    else
-    {
-        m_widgets.Remove(a_widget.Get());
     }
 }
 
