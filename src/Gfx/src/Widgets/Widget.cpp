@@ -42,6 +42,17 @@ int Side(int a_length)
     return std::clamp(a_length, -CWidget::k_longestSide, CWidget::k_longestSide);
 }
 
+/// The ancestor that has no parent; the widget itself, if it has none.
+CWidget& TopLevel(CWidget& a_widget)
+{
+    CWidget* widget = &a_widget;
+    while (CWidget* const parent = widget->Parent())
+    {
+        widget = parent;
+    }
+    return *widget;
+}
+
 void DrawWidget(void* a_widget)
 {
     static_cast<const CWidget*>(a_widget)->Draw();
@@ -358,7 +369,7 @@ bool CWidget::Adopt(const WidgetPtr& a_child)
         if (clutter_actor_contains(actor, GetActor()) != FALSE)
         {
             // Some ancestor was a part of the child before, and its actor still lies in there.
-            ClutterActor* const topmost = TopLevel().GetActor();
+            ClutterActor* const topmost = TopLevel(*this).GetActor();
             clutter_container_remove_actor(CLUTTER_CONTAINER(clutter_actor_get_parent(topmost)), topmost);
         }
         clutter_container_add_on_top(GetActor(), actor);
@@ -370,16 +381,6 @@ bool CWidget::Adopt(const WidgetPtr& a_child)
     }
     g_object_unref(actor);
     return isAdopted;
-}
-
-CWidget& CWidget::TopLevel()
-{
-    CWidget* widget = this;
-    while (widget->m_parent != nullptr)
-    {
-        widget = widget->m_parent;
-    }
-    return *widget;
 }
 
 void CWidget::ShowAsItWas()

@@ -341,8 +341,6 @@ private:
     void DestroyFoundChild(const WidgetPtr& a_child);
     /// Moves the child's actor into this widget's group; false if handlers have prevented it.
     [[nodiscard]] bool Adopt(const WidgetPtr& a_child);
-    /// The ancestor that has no parent; the widget itself, if it has none.
-    [[nodiscard]] CWidget& TopLevel();
     void Orphan(CWidget& a_child);
     void SetVisible(bool a_visible);
     void SetEnabled(bool a_enabled);
