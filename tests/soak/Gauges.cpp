@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -85,7 +86,6 @@ namespace
 
 /// Below which there is nothing to say of a trend.
 constexpr std::size_t k_fewest = 12;
-constexpr int k_roundsPerValue = 2;
 /// For how long caches still fill, as that of glyphs with what is typed; until then the limits are wider.
 constexpr int k_youngRounds = 200;
 constexpr double k_youth = 4;
@@ -120,6 +120,19 @@ SLine Fit(std::span<const double> a_values)
         residue += std::pow(a_values[i] - mean - growth * (static_cast<double>(i) - middle), 2);
     }
     return {growth, std::sqrt(residue / (count - 2) / variance)};
+}
+
+/// From one value to the next, in the middle: a cache that fills late makes a few large steps.
+double MedianStep(std::span<const double> a_values)
+{
+    std::vector<double> steps;
+    for (std::size_t i = 1; i < a_values.size(); ++i)
+    {
+        steps.push_back(a_values[i] - a_values[i - 1]);
+    }
+    const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
+    std::nth_element(steps.begin(), middle, steps.end());
+    return *middle;
 }
 
 std::span<const double> WithoutStart(const std::vector<double>& a_values)
@@ -181,13 +194,7 @@ std::string CTrend::Fault() const
     {
         return {};
     }
-    const std::span<const double> values = WithoutStart(m_values);
-    const std::size_t third = values.size() / 3;
-    bool isSteady = true;
-    for (const std::size_t start : {std::size_t{0}, third, values.size() - third})
-    {
-        isSteady = isSteady && Fit(values.subspan(start, third)).growth > Limit() * k_roundsPerValue / 2;
-    }
+    const bool isSteady = MedianStep(WithoutStart(m_values)) > Limit() * k_roundsPerValue / 2;
     return isSteady ? "growing: " + Summary() : "";
 }
 

@@ -26,8 +26,11 @@ int Descriptors();
 /// Textures that OpenGL has been asked for and not been asked to delete.
 long Textures();
 
-/// A number that is read once in each round, and shouldn't grow. Of a few rounds the least counts: now and then what is
-/// to go is still held by something when the round ends, while what is lost is lost in all of them.
+/// As many as there are from one rebuild of the interface to the next, which takes hundreds of blocks out.
+constexpr int k_roundsPerValue = 5;
+
+/// A number that is read once in each round, and shouldn't grow. Of k_roundsPerValue the least counts: now and then
+/// what is to go is still held by something when the round ends, while what is lost is lost in all of them.
 class CTrend
 {
 public:
@@ -39,8 +42,8 @@ public:
     /// much of that can be chance. False if there are too few rounds to tell.
     [[nodiscard]] bool Growth(double& a_growth, double& a_error) const;
 
-    /// Empty, or what is wrong: it grows by more than the limit even if chance is left out, and in each third of the
-    /// rounds that count, so that one more cache which fills late isn't taken for a leak.
+    /// Empty, or what is wrong: it grows by more than the limit even if chance is left out, and in most of the rounds
+    /// that count, so that one more cache which fills late isn't taken for a leak.
     [[nodiscard]] std::string Fault() const;
 
     /// Its first and last values and its growth.

@@ -27,7 +27,6 @@ using Gfx::Common::CPoint;
 
 constexpr int k_stepsPerRound = 60;
 constexpr int k_layoutsPerRound = 100;
-constexpr int k_roundsPerRebuild = 5;
 /// In bytes per round, in a long run; a byte lost with each layout that is applied makes more than 100.
 constexpr double k_heapLimit = 1000;
 /// One block lost with every twentieth layout.
@@ -118,7 +117,7 @@ private:
         SwitchLayouts(k_layoutsPerRound);
         const SState state{k_pages[Chance(k_pages.size())], k_themes[Chance(k_themes.size())],
                            k_languages[Chance(k_languages.size())]};
-        m_console.CheckState(state, m_rounds % k_roundsPerRebuild == 0);
+        m_console.CheckState(state, m_rounds % k_roundsPerValue == 0);
         m_console.BringTo(k_home);
         // Those of other themes, which a reload has left to be read when they are needed.
         StaticSingleton<Gfx::Managers::CTextureManager>::ref().LoadTextures();
