@@ -226,6 +226,7 @@ void CGreenhouse::MakeHistory()
 
 void CGreenhouse::AddHandlers()
 {
+    On("AddressEnd", [this](const std::string&) { Find<CNumericEditBox>(k_address)->UnHighlightActive(); });
     On("SetPoint", [this](const std::string& a_change) { ChangeSetPoint(a_change); });
     On("Vents", [this](const std::string& a_percent) { m_simulation.vents = std::stod(a_percent); });
     On("Shade", [this](const std::string& a_on) { m_simulation.isShaded = a_on == "True"; });

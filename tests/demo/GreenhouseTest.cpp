@@ -2,6 +2,7 @@
 
 #include "demo/Greenhouse.h"
 
+#include "Widgets/Controls/NumericEditBox/NumericEditBox.h"
 #include "support/StageTest.h"
 #include "support/TemporaryDirectory.h"
 
@@ -313,6 +314,12 @@ TEST_F(GreenhouseTest, AKeyboardFillsAField)
     testing::internal::CaptureStdout();
     EXPECT_FALSE(Widgets().GetModalWidget());
     EXPECT_EQ(Get("Network:Entries:Address", "Text"), "10.0.0.0 ");
+    Tap("Network:Entries:Automatic");
+    Tap("Network:Entries:Automatic");
+    const GfxTest::CPicture picture = FreshPicture();
+    dynamic_cast<Gfx::Widgets::CNumericEditBox&>(*Widgets().FindWidget("Network:Entries:Address", nullptr))
+        .UnHighlightActive();
+    EXPECT_EQ(picture.CountDifferences(FreshPicture()), 0) << "no field looks as if it were still written into";
     Tap("Network:Entries:Automatic");
     EXPECT_FALSE(IsShown("Network:Entries:Address"));
     Tap("Network:Entries:Connect");

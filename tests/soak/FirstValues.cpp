@@ -153,6 +153,11 @@ bool CFirstValues::SetWidgetBack(const std::string& a_path, const SWidget& a_fir
     };
     select(dynamic_cast<Gfx::Widgets::CListBox*>(widget.Get()));
     select(dynamic_cast<Gfx::Widgets::CListGrid*>(widget.Get()));
+    if (auto* const fields = dynamic_cast<Gfx::Widgets::CNumericEditBox*>(widget.Get()))
+    {
+        // The one that was touched last keeps its look.
+        fields->UnHighlightActive();
+    }
     for (const auto& [name, value] : a_first.properties)
     {
         if (widget->GetProperty(name, "") != value)
