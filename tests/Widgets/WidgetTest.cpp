@@ -413,6 +413,30 @@ TEST_F(WidgetTest, WidgetsThatAreMovedWhileTheyMoveAreInOnePlace)
     EXPECT_EQ(child->Parent(), other.Get());
     EXPECT_NE(clutter_actor_get_parent(child->GetActor()), stage);
 
+    // Put on the stage by the parent that it leaves for the stage, and destroyed there.
+    busy->AddChild(child);
+    busy->work = [&]
+    {
+        Widgets().AddWidget(child);
+        Widgets().DestroyWidget(child.Get());
+    };
+    Widgets().AddWidget(child);
+    Widgets().GarbageCollect();
+    EXPECT_EQ(Widgets().FindWidget("child", nullptr), WidgetPtr());
+    EXPECT_NE(clutter_actor_get_parent(child->GetActor()), stage);
+
+    // Given to another one by the parent that it leaves, and destroyed by the one that it was to go to.
+    const auto third = AddTopLevel(new CBlock("third", 0, 0, 50, 50, Red));
+    busy->AddChild(child);
+    busy->work = [&]
+    {
+        other->AddChild(child);
+        third->DestroyChild(child);
+    };
+    third->AddChild(child);
+    EXPECT_FALSE(other->HasChild(child.Get()));
+    EXPECT_FALSE(third->HasChild(child.Get()));
+
     // Put into another one as it is selected, and forgotten there.
     Widgets().DestroyWidget(busy.Get());
     busy->work = [&]

@@ -84,6 +84,7 @@ bool IsExpected(const std::string& a_line, bool a_isDamaged)
                                     R"(COnScreenKeyboard::Text: .*|)"
                                     R"(Read \d+ bytes of data from .*\.bobj|)"
                                     R"(unable to find touchscreen device|)"
+                                    R"(Fontconfig error: No writable cache directories|)"
                                     R"(CInputManager::SetCalibrationPoints: .*)");
     // Whatever the library has to say of files, but nothing of GLib's.
     static const std::regex s_damage(R"(\d+\.\d+\. [23] \(\w+\) : .*|)"
@@ -102,6 +103,8 @@ void StartReport(unsigned long a_seed)
     std::fflush(stdout);
     dup2(s_streams, STDOUT_FILENO);
     dup2(s_streams, STDERR_FILENO);
+    // Otherwise what is written to the one could end up in the middle of a line of the other.
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     for (const int signal : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGALRM})
     {
         std::signal(signal, OnSignal);

@@ -439,15 +439,24 @@ void CWidget::DestroyChild(CWidget* a_child)
 
 void CWidget::DestroyFoundChild(const WidgetPtr& a_child)
 {
-    if (a_child)
+    if (!a_child)
     {
-        const detail::CWidgetList::CLife life(m_children);
-        WidgetManager().DestroyWidget(a_child.Get());
-        // A press or a selection that this has ended may have been the last to hold this widget.
-        if (!life.IsOver() && m_children.Remove(a_child.Get()))
-        {
-            Orphan(*a_child);
-        }
+        return;
+    }
+    CWidget* const parent = a_child->Parent();
+    if (parent != nullptr && parent != this)
+    {
+        // A handler has given it to another one while it was being added here.
+        m_children.Remove(a_child.Get());
+        parent->DestroyChild(a_child);
+        return;
+    }
+    const CLife life(m_children);
+    WidgetManager().DestroyWidget(a_child.Get());
+    // A press or a selection that this has ended may have been the last to hold this widget.
+    if (!life.IsOver() && m_children.Remove(a_child.Get()))
+    {
+        Orphan(*a_child);
     }
 }
 

@@ -110,8 +110,8 @@ void CWidgetManager::Detach(const WidgetPtr& a_widget)
     {
         m_widgets.Remove(a_widget.Get());
     }
-    // Last, as the parent that it has left may have destroyed it.
-    if (a_widget->m_destroyed)
+    // Last, as the parent that it has left may have destroyed it; if that has put it somewhere else before, it is dead.
+    if (a_widget->m_destroyed && clutter_actor_get_parent(actor) == nullptr)
     {
         m_deadActors.remove_if(
             [actor](ClutterActor* a_dead)
