@@ -320,6 +320,20 @@ TEST_F(ButtonTest, FlashingFadesTheOverlayInAndOut)
     EXPECT_EQ(Look(), k_inactive);
 }
 
+TEST_F(ButtonTest, TheOverlayKeepsTheSizeThatItWasSetAt)
+{
+    const auto button = Add();
+    button->SetFlashPeriod(1);
+    button->Flashing(true);
+    button->Idle();
+    button->Idle();
+    EXPECT_EQ(ShownExtent(Gfx::Colours::Red), "100,100 120 x 60");
+    button->Resize(80, 40);
+    EXPECT_EQ(FreshPicture().Extent(Gfx::Colours::Red), "100,100 120 x 60");
+    button->SetFlashTexture("Red_Up");
+    EXPECT_EQ(FreshPicture().Extent(Gfx::Colours::Red), "100,100 80 x 40");
+}
+
 TEST_F(ButtonTest, AFlashingButtonRepaintsAndAnUnflashingOneRests)
 {
     const auto button = Add();

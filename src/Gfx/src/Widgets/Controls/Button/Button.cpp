@@ -343,7 +343,6 @@ void CButton::Resize(int a_width, int a_height)
     {
         m_current->second.DropTextures();
         LoadTextures();
-        LoadFlashTexture();
     }
 }
 

@@ -77,6 +77,8 @@ public:
     void ChangeTextureSet(const std::string& a_setName);
     [[nodiscard]] const std::string& TextureSet() const { return m_current->first; }
 
+    /// The overlay has the size that the button has now, and keeps it through a resize until this is called again or
+    /// the style is read anew.
     void SetFlashTexture(const std::string& a_element);
 
     /// Lets the overlay fade in and out.
