@@ -3,6 +3,8 @@
 #include "Widgets/Controls/RadioButton/RadioGroup.h"
 #include "support/StageTest.h"
 
+#include <clutter/clutter.h>
+
 #include <array>
 #include <string>
 
@@ -17,6 +19,11 @@ using GroupPtr = Core::SharedPtr<CRadioGroup>;
 class RadioButtonTest : public GfxTest::CControlTest
 {
 protected:
+    static void SetUpTestSuite()
+    {
+        SetUpConfiguredStage("<Controls><CheckBox><Image><Width>50</Width></Image></CheckBox></Controls>");
+    }
+
     static ButtonPtr Add(int a_index)
     {
         return AddTopLevel(
@@ -98,6 +105,14 @@ TEST_F(RadioButtonTest, WithoutAGroupItCanOnlyBeTurnedOn)
     Click(110, 110);
     EXPECT_TRUE(button->Checked());
     EXPECT_EQ(ShownExtent(Gfx::Colours::Lime), "104,104 12 x 12");
+}
+
+TEST_F(RadioButtonTest, ItsTextBeginsAtItsOwnImageAndHasTheWidthOfACheckBoxs)
+{
+    const ButtonPtr button = Add(0);
+    ClutterActor* const text = clutter_actor_get_child_at_index(button->GetActor(), 0);
+    EXPECT_EQ(clutter_actor_get_x(text), 20 + 5);
+    EXPECT_EQ(clutter_actor_get_width(text), 200 - 50 - 5);
 }
 
 TEST_F(RadioButtonTest, AButtonThatOnlyItsGroupHoldsEndsWithIt)

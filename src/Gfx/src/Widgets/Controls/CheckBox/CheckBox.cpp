@@ -62,7 +62,9 @@ CCheckBox::CCheckBox(const std::string& a_name, const std::string& a_type, int a
     m_imageBuffer = style.imageBuffer;
     CCheckBox::Resize(a_width, m_imageHeight);
     m_text.Create(GetActor());
-    m_text.Actor().SetWidth(Width() - TextLeft());
+    // Lines of every kind are broken where those of a check box would be: layouts are made for it.
+    const auto checkBox = Managers::ReadStyle(s_styleKeys, "/Gfx/Controls/CheckBox");
+    m_text.Actor().SetWidth(Width() - checkBox.imageWidth - checkBox.imageBuffer);
     m_text.Actor().WrapLines(true);
     m_text.SetRaw(a_text);
     CCheckBox::UpdateLocalisedText();
