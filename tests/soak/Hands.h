@@ -2,12 +2,20 @@
 
 #include "support/StageTest.h"
 
+#include <X11/keysym.h>
+
+#include <array>
 #include <set>
 
 struct _XDisplay;
 
 namespace Soak
 {
+
+/// Keys beside those of letters and digits.
+inline constexpr std::array<unsigned long, 19> k_specialKeys{
+    XK_Tab, XK_Return, XK_Escape, XK_BackSpace, XK_Delete, XK_Left,   XK_Right, XK_Up,    XK_Down,   XK_Home,
+    XK_End, XK_F1,     XK_F5,     XK_F10,       XK_space,  XK_period, XK_plus,  XK_minus, XK_Page_Up};
 
 /// Who sits before the console: sends the pointer and keys of the X server, by a connection of its own, and waits until
 /// the stage has had each of them; and sees what the server shows.

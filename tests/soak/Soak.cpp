@@ -1,11 +1,11 @@
 // The demo, used at random for a while: real events, switches of theme, language and layouts, data that changes and
 // breaks. In between it has to come back to states that look as if they had just been made, and nothing may grow.
 
+#include "Caches.h"
 #include "Console.h"
 #include "Gauges.h"
 #include "Report.h"
 
-#include <X11/keysym.h>
 #include <glib.h>
 #include <unistd.h>
 
@@ -14,7 +14,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 #include <random>
 #include <string>
 
@@ -51,6 +50,7 @@ public:
         if (m_options.minutes >= 1)
         {
             // What is kept of a page, a theme and a language from its first use on shall not look like growth.
+            FillActorNumbers();
             for (const char* theme : k_themes)
             {
                 for (const char* page : k_pages)
@@ -58,6 +58,7 @@ public:
                     for (const char* language : k_languages)
                     {
                         m_console.CheckState({page, theme, language}, false);
+                        FillGlyphs();
                     }
                 }
             }
@@ -245,16 +246,13 @@ private:
 
     void Keys()
     {
-        static constexpr unsigned long k_keys[] = {
-            XK_Tab, XK_Return, XK_Escape, XK_BackSpace, XK_Delete, XK_Left,   XK_Right, XK_Up,    XK_Down,   XK_Home,
-            XK_End, XK_F1,     XK_F5,     XK_F10,       XK_space,  XK_period, XK_plus,  XK_minus, XK_Page_Up};
         const int count = 1 + Chance(6);
         for (int i = 0; i < count; ++i)
         {
             const int which = Chance(60);
             const unsigned long key = which < 26   ? XK_a + static_cast<unsigned long>(which)
                                       : which < 36 ? XK_0 + static_cast<unsigned long>(which - 26)
-                                                   : k_keys[which % static_cast<int>(std::size(k_keys))];
+                                                   : k_specialKeys[which % static_cast<int>(k_specialKeys.size())];
             const bool isShifted = Chance(5) == 0;
             Step("key " + std::to_string(key) + (isShifted ? " shifted" : ""));
             m_console.Hands().Key(key, isShifted);
