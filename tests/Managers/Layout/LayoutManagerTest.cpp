@@ -2,9 +2,11 @@
 
 #include "Core/IO/XMLDocument.h"
 #include "Layout/ButtonElement.h"
+#include "Layout/KeyboardElement.h"
 #include "Layout/LabelElement.h"
 #include "Layout/PanelElement.h"
 #include "Widgets/Controls/Button/Button.h"
+#include "Widgets/Controls/Keyboard/OnScreenKeyboard.h"
 #include "Widgets/Controls/Label/Label.h"
 #include "Widgets/Controls/Panel/Panel.h"
 #include "support/LogGuard.h"
@@ -166,6 +168,22 @@ private:
     WidgetPtr m_panel;
 };
 
+/// One that makes a keyboard of its own.
+class COwnKeyboardElement : public Gfx::Layout::CKeyboardElement
+{
+public:
+    CElement* Process(CElement* a_parent, const XMLNode& a_node) override
+    {
+        if (!PreProcess(a_node))
+        {
+            return nullptr;
+        }
+        Attach(a_parent, Hidden(new Gfx::Widgets::COnScreenKeyboard(Id(), X(), Y(), "Numbers", "Default", "")));
+        ProcessContent(a_node, [this](const XMLNode& a_events) { ProcessEvents(a_events); });
+        return this;
+    }
+};
+
 TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
 {
     using Constructor = CLayoutManager::ElementConstructor::Function;
@@ -203,6 +221,25 @@ TEST_F(LayoutManagerTest, AnApplicationAddsKindsOfElementsAndReplacesThem)
     EXPECT_EQ(own->GetProperty("Opacity", ""), "50");
     own->Hide();
     EXPECT_EQ(Layouts().GetFlag("own"), "hidden");
+}
+
+TEST_F(LayoutManagerTest, AKeyboardOfAnApplicationsOwnKindRunsTheActionsOfItsClosing)
+{
+    static CLayoutManager::ElementConstructor::Function s_keyboard(&Gfx::Managers::ElementBuilder<COwnKeyboardElement>);
+    Layouts().RegisterElementConstructor("OwnKeyboard", &s_keyboard);
+    const GfxTest::CTemporaryDirectory data;
+    data.Write("keys.xml", "<Layouts><Layout id='OwnKeys'><OwnKeyboard id='own' x='0' y='0'><Events><ClosingDone>"
+                           "<SetFlag id='ownClosing' value='done'/></ClosingDone><ClosedDone><SetFlag id='ownClosed' "
+                           "value='done'/></ClosedDone></Events></OwnKeyboard></Layout></Layouts>");
+    Layouts().ParseLayoutFile(data.Path() + "keys.xml");
+    const std::list<WidgetPtr> widgets = Layouts().RetrieveLayout("OwnKeys");
+    ASSERT_EQ(widgets.size(), 1U);
+    AddToStage(widgets.front());
+    const WidgetPtr done = Widgets().FindWidget("own:WindowPanel:Done", nullptr);
+    ASSERT_TRUE(done);
+    done->MouseEvent(Gfx::Events::FirstClick, 1, {}, false);
+    EXPECT_EQ(Layouts().GetFlag("ownClosing"), "done");
+    EXPECT_EQ(Layouts().GetFlag("ownClosed"), "done");
 }
 
 TEST_F(LayoutManagerTest, AFontOverridesWhatItNamesAndAThemesColourStays)

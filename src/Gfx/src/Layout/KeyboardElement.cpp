@@ -42,6 +42,8 @@ CElement* CKeyboardElement::Process(CElement* a_parent, const XMLNode& a_node)
     const auto keyboard = Hidden(new COnScreenKeyboard(Id(), X(), Y(), values.layout, values.mode, values.title));
     keyboard->MaximumLength(values.length);
     Attach(a_parent, keyboard);
+    // A keyboard without events has its handlers too.
+    ProcessEvents({});
     for (const XMLNode& child : a_node.Children())
     {
         if (child.Name() == "Events")
@@ -49,12 +51,6 @@ CElement* CKeyboardElement::Process(CElement* a_parent, const XMLNode& a_node)
             ProcessEvents(child);
         }
     }
-    using Closing = Core::Functor<bool, Widgets::CWidget*, bool, const std::string&>;
-    using Closed = Core::Functor<void, Widgets::CWidget*, bool, const std::string&>;
-    keyboard->SetKeyboardClosingEventHandler(
-        Keep(new Closing::Method<CKeyboardElement>(this, &CKeyboardElement::ClosingHandler)));
-    keyboard->SetKeyboardClosedEventHandler(
-        Keep(new Closed::Method<CKeyboardElement>(this, &CKeyboardElement::ClosedHandler)));
     return this;
 }
 
@@ -99,6 +95,16 @@ void CKeyboardElement::ProcessEvents(const XMLNode& a_node)
         {
             ProcessEvent(event);
         }
+    }
+    using Closing = Core::Functor<bool, Widgets::CWidget*, bool, const std::string&>;
+    using Closed = Core::Functor<void, Widgets::CWidget*, bool, const std::string&>;
+    // An application's subclass may have no such widget.
+    if (auto* const keyboard = dynamic_cast<COnScreenKeyboard*>(Widget().Get()))
+    {
+        keyboard->SetKeyboardClosingEventHandler(
+            Keep(new Closing::Method<CKeyboardElement>(this, &CKeyboardElement::ClosingHandler)));
+        keyboard->SetKeyboardClosedEventHandler(
+            Keep(new Closed::Method<CKeyboardElement>(this, &CKeyboardElement::ClosedHandler)));
     }
 }
 
