@@ -285,8 +285,10 @@ TEST_F(LayoutManagerTest, OfTwoTexturesForOnePartOfAScrollBarTheLastCounts)
 
 TEST_F(LayoutManagerTest, EveryStandardElementDescribesItself)
 {
+    std::string words;
     for (const Gfx::Managers::SStandardElement& kind : Gfx::Managers::StandardElements())
     {
+        words += std::string(kind.type) + ' ';
         std::set<std::string> names;
         for (const Gfx::Layout::SAttributeInfo& attribute : kind.make()->Attributes())
         {
@@ -294,6 +296,8 @@ TEST_F(LayoutManagerTest, EveryStandardElementDescribesItself)
             EXPECT_FALSE(attribute.description.empty()) << kind.type << ": " << attribute.name;
         }
     }
+    EXPECT_EQ(words, "Frame3D Button CheckBox EditBox Graph Image Keyboard Label ListBox ListGrid Panel ProgressBar "
+                     "RadioGroup Scrollbar TextBox Window WizardStage ");
     EXPECT_EQ(Gfx::Layout::CElement::ActionWords().size(), 11U);
 }
 
