@@ -13,8 +13,8 @@ class CRadioGroup;
 
 /// A check box that the pointer can only turn on, and of which at most one in its group is on.
 ///
-/// Configuration: the keys of the check box, below `/Gfx/Controls/RadioButton/`. The text, though, is as wide as that of
-/// a check box of this width.
+/// Configuration: the keys of the check box, below `/Gfx/Controls/RadioButton/`. The text, though, is as wide as that
+/// of a check box of this width.
 class GFX_API CRadioButton : public CCheckBox
 {
 public:
